@@ -1,0 +1,165 @@
+// 16-bit checksum and CRC-32: values, verification, reports, agreement with zlib.
+#include "support/Bytes.h"
+#include "support/Recorders.h"
+
+#include <HwDatablock.h>
+
+#include <gtest/gtest.h>
+#include <random>
+#include <zlib.h>
+
+using namespace Tupsim;
+using namespace Tupsim::test;
+
+namespace {
+void load(HwDatablock& block, const QByteArray& image) {
+    block.setDataWithoutChecksumCheck(reinterpret_cast<const unsigned char*>(image.constData()),
+                                      static_cast<unsigned>(image.size()));
+}
+} // namespace
+
+TEST(Checksum16, FreshHeaderAndExternalBuffers) {
+    ServiceRecorders services;
+    HwDatablock block(false);
+    EXPECT_EQ(block.computeChecksum(), 0xFFF8);
+    block.setChecksum(block.computeChecksum());
+    EXPECT_TRUE(block.verifyChecksum());
+
+    // words: id 1, size 8, checksum 0xABCD (ignored), alignment 0
+    unsigned short words[4] = {1, 8, 0xABCD, 0};
+    EXPECT_EQ(block.computeChecksum(words, 8), 0xFFF7);
+    EXPECT_EQ(words[2], 0xABCD); // the checksum word is put back
+    words[2] = 0xFFF7;
+    EXPECT_TRUE(block.verifyChecksum(words, 8, true));
+    EXPECT_TRUE(block.verifyChecksum(words, 8, false));
+    words[3] = 1;
+    EXPECT_FALSE(block.verifyChecksum(words, 8, true));
+    EXPECT_FALSE(block.verifyChecksum(words, 8, false));
+    EXPECT_FALSE(block.verifyChecksum(nullptr, 8, false));
+    EXPECT_TRUE(services.debug.messageBoxes.isEmpty());
+    block.computeChecksum(words, 7);
+    ASSERT_EQ(services.debug.messageBoxes.size(), 1);
+    EXPECT_EQ(services.debug.messageBoxes[0],
+              "Compute datablock checksum|Block size not an even number !|1|2|17|0|0");
+}
+
+TEST(Checksum16, FailureReportsAndSizeMismatch) {
+    ServiceRecorders services;
+    HwDatablock block(false);
+    // size field 0: always a failed check
+    load(block, bytesOf({0x05, 0x00, 0x00, 0x00, 0xFB, 0xFF, 0x00, 0x00}));
+    EXPECT_FALSE(block.verifyChecksum());
+
+    // 10-byte block with a wrong checksum: the alignment complaint follows
+    services.debug.history.clear();
+    services.debug.lines.clear();
+    load(block, bytesOf({0x05, 0x00, 0x0A, 0x00, 0x00, 0x00, 0x00, 0x00, 0x01, 0x00}));
+    EXPECT_FALSE(block.verifyChecksum());
+    ASSERT_EQ(services.debug.history.size(), 1);
+    EXPECT_EQ(services.debug.history[0], "Alignment of Block 5 is wrong!\n");
+    ASSERT_EQ(services.debug.lines.size(), 1u);
+    EXPECT_EQ(services.debug.lines[0].cls, 8);
+    EXPECT_EQ(services.debug.lines[0].level, 2);
+    EXPECT_EQ(services.debug.lines[0].text, "verifyChecksum(): Wrong checksum! at EepromBlockId 5");
+
+    // 12 bytes: wrong but aligned, no complaint
+    services.debug.history.clear();
+    load(block, bytesOf({0x05, 0x00, 0x0C, 0x00, 0x00, 0x00, 0x00, 0x00, 0x01, 0x00, 0, 0}));
+    EXPECT_FALSE(block.verifyChecksum());
+    EXPECT_TRUE(services.debug.history.isEmpty());
+
+    // size field 16 over an 8-byte image: reported, checked over the 8 bytes
+    QByteArray image = bytesOf({0x05, 0x00, 0x10, 0x00, 0x00, 0x00, 0x00, 0x00});
+    sealChecksum(image);
+    load(block, image);
+    services.debug.history.clear();
+    EXPECT_TRUE(block.verifyChecksum());
+    ASSERT_EQ(services.debug.history.size(), 1);
+    EXPECT_EQ(services.debug.history[0], "HwDatablock::verifyChecksum: size mismatch (blockId 5 "
+                                         "swapBlockId 5 blockSize 16 / arraySize 8)\n");
+    services.debug.history.clear();
+    EXPECT_EQ(block.computeChecksum(), static_cast<unsigned char>(image.at(4)) |
+                                           (static_cast<unsigned char>(image.at(5)) << 8));
+    EXPECT_TRUE(
+        services.debug.history[0].startsWith("HwDatablock::computeChecksum: size mismatch"));
+}
+
+TEST(Checksum16, DisabledDebugClassSuppressesTheLine) {
+    ServiceRecorders services;
+    services.debug.mask = ~(1 << 8);
+    HwDatablock block(false);
+    block.setChecksum(1);
+    EXPECT_FALSE(block.verifyChecksum());
+    EXPECT_TRUE(services.debug.lines.empty());
+}
+
+TEST(Checksum32, AgreesWithZlibAndSkipsBytesFourToEleven) {
+    std::mt19937 random(42);
+    HwDatablock block(false);
+    for (unsigned length : {0u, 1u, 4u, 11u, 12u, 13u, 100u, 4097u}) {
+        std::vector<unsigned char> buffer(length);
+        for (auto& b : buffer)
+            b = static_cast<unsigned char>(random());
+        uLong expected = crc32(0L, Z_NULL, 0);
+        expected = crc32(expected, buffer.data(), std::min(length, 4u));
+        if (length > 12)
+            expected = crc32(expected, buffer.data() + 12, length - 12);
+        if (length == 0)
+            expected = 0;
+        const std::vector<unsigned char> before = buffer;
+        EXPECT_EQ(block.computeChecksum32(buffer.data(), length), expected) << length;
+        EXPECT_EQ(buffer, before); // the caller's buffer stays as it was
+        if (length > 12) {
+            for (int i = 4; i < 12; ++i)
+                buffer[i] ^= 0x5A;
+            EXPECT_EQ(block.computeChecksum32(buffer.data(), length), expected);
+        }
+    }
+}
+
+TEST(Checksum32, VerificationAndTheEventCounterMark) {
+    ServiceRecorders services;
+    HwDatablock block(false);
+    // id 20000, size 16, checksum, alignment, CRC-32 placeholder, 4 data bytes
+    QByteArray image = bytesOf({0x20, 0x4E, 0x10, 0x00, 0, 0, 0, 0, 0, 0, 0, 0, 1, 2, 3, 4});
+    load(block, image);
+    const unsigned crc = block.computeChecksum32();
+    EXPECT_FALSE(block.verifyChecksum32());
+    for (int i = 0; i < 4; ++i)
+        image[8 + i] = static_cast<char>((crc >> (8 * i)) & 0xFF);
+    load(block, image);
+    EXPECT_EQ(block.getChecksum32(), crc);
+    EXPECT_TRUE(block.verifyChecksum32());
+    EXPECT_EQ(block.getDatablockClassTyp(), HwDatablockClassNone);
+
+    // magic 0x452D0000 + size in place of the CRC marks an event counter
+    const unsigned magic = 0x452D0010;
+    for (int i = 0; i < 4; ++i)
+        image[8 + i] = static_cast<char>((magic >> (8 * i)) & 0xFF);
+    load(block, image);
+    EXPECT_TRUE(block.verifyChecksum32());
+    EXPECT_EQ(block.getDatablockClassTyp(), HwDatablockClassEventCount);
+
+    // a size field of 11 or less always fails
+    load(block, bytesOf({0x20, 0x4E, 0x0B, 0x00, 0, 0, 0, 0, 0, 0, 0}));
+    EXPECT_FALSE(block.verifyChecksum32());
+}
+
+TEST(Checksum32, ShortImagesAndTheComplainingOverload) {
+    ServiceRecorders services;
+    HwDatablock block(false);
+    // 10 bytes: the CRC field is cut; present bytes count, missing ones are zero
+    load(block, bytesOf({0, 0, 10, 0, 0, 0, 0, 0, 0x78, 0x56}));
+    EXPECT_EQ(block.getChecksum32(), 0x5678u);
+    load(block, bytesOf({0, 0, 10, 0, 0}));
+    EXPECT_EQ(block.getChecksum32(), 0u);
+    // size field far beyond the image: the CRC covers the image only
+    load(block, bytesOf({1, 2, 0xFF, 0x7F, 0, 0, 0, 0, 0, 0, 0, 0, 9}));
+    unsigned char same[13] = {1, 2, 0xFF, 0x7F, 0, 0, 0, 0, 0, 0, 0, 0, 9};
+    EXPECT_EQ(block.computeChecksum32(), block.computeChecksum32(same, 13));
+
+    testing::internal::CaptureStderr();
+    unsigned char small[4] = {0, 0, 0, 0};
+    EXPECT_FALSE(block.verifyChecksum32(small, 4));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "OUCH!!! Wieos bin ich jetzert hier?\n");
+}
