@@ -22,3 +22,15 @@
 // Identification and service blocks
 
 // Calibration blocks
+#include "HwDatablockDacIfFullScale.h"
+#include "HwDatablockDopMbrdPllDacCalibValue.h"
+#include "HwDatablockFsynTcxoRefCalValue.h"
+#include "HwDatablockIqOp3RfmCalibDataMisc.h"
+#include "HwDatablockIqOp3RfmCalibDataMiscV20.h"
+#include "HwDatablockOpaqueCalib.h"
+#include "HwDatablockPymOcxoRefCalValue.h"
+#include "HwDatablockRefCalValue.h"
+#include "HwDatablockSsynOcxoRefCalValue.h"
+#include "HwDatablockSynexOcxoRefCalValue.h"
+#include "HwDatablockWexBaseboardCalibValue.h"
+#include "HwOpaqueCalibBlocks.h"
