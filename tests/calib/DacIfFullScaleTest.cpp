@@ -1,0 +1,42 @@
+// Full-scale block of the IF DAC: image, setter, import and text form.
+#include "CalibTestSupport.h"
+#include "support/Recorders.h"
+
+#include <HwDatablockDacIfFullScale.h>
+
+#include <gtest/gtest.h>
+
+using namespace Tupsim;
+using namespace Tupsim::test;
+
+TEST(DacIfFullScale, NewBlockAndSetter) {
+    ServiceRecorders services;
+    HwDatablockDacIfFullScale block;
+    EXPECT_EQ(hex(block.getByteArrayData()), "d4 30 0c 00 00 00 00 00 00 00 00 00");
+    block.setFullScaleValue(-123456);
+    EXPECT_EQ(hex(block.getByteArrayData().mid(8)), "c0 1d fe ff");
+    EXPECT_EQ(block.getFullScaleValue(), -123456);
+    EXPECT_TRUE(block.verifyChecksum());
+
+    block.resizeData(10); // the value no longer fits
+    EXPECT_EQ(block.getFullScaleValue(), 0);
+    const QByteArray shortImage = block.getByteArrayData();
+    block.setFullScaleValue(1);
+    EXPECT_EQ(block.getByteArrayData(), shortImage);
+}
+
+TEST(DacIfFullScale, SetBlockAndPrint) {
+    ServiceRecorders services;
+    HwSDatablockDacIfFullScale record{12500, 12, 0, 0, -123456};
+    HwDatablockDacIfFullScale block;
+    EXPECT_EQ(block.setBlock(&record), 1);
+    ASSERT_EQ(services.errors.signalled.size(), 1u);
+    EXPECT_EQ(services.errors.signalled[0].first, 1040001);
+    EXPECT_EQ(services.errors.signalled[0].second, "   HwDatablockDacIfFullScale");
+    EXPECT_EQ(block.getFullScaleValue(), 0);
+
+    sealRecord(record);
+    ASSERT_EQ(block.setBlock(&record), 0);
+    EXPECT_EQ(block.getByteArrayData(), bytesOfRecord(record));
+    EXPECT_EQ(printed(block), golden("DacIfFullScale.txt"));
+}
