@@ -64,10 +64,14 @@ const short kShortValues[] = {-1, 32767, -32768, 0};
 
 // Field k of the floats holds (k + 1) * 1.25, the 16-bit fields kShortValues.
 void fillAll(V20& block) {
-    for (int k = 0; k < 25; ++k)
-        (block.*kFloats[k].set)((k + 1) * 1.25f);
-    for (int k = 0; k < 4; ++k)
-        (block.*kShorts[k].set)(kShortValues[k]);
+    float value = 1.25f;
+    for (const FloatField& field : kFloats) {
+        (block.*field.set)(value);
+        value += 1.25f;
+    }
+    const short* shortValue = kShortValues;
+    for (const ShortField& field : kShorts)
+        (block.*field.set)(*shortValue++);
 }
 
 } // namespace
