@@ -22,6 +22,7 @@
 // Identification and service blocks
 
 // Calibration blocks
+#include "HwDatablockCountedRefCalValue.h"
 #include "HwDatablockDacIfFullScale.h"
 #include "HwDatablockDopMbrdPllDacCalibValue.h"
 #include "HwDatablockFsynTcxoRefCalValue.h"

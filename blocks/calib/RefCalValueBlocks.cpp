@@ -19,22 +19,25 @@ HwDatablockPymOcxoRefCalValue::HwDatablockPymOcxoRefCalValue(bool stopConversion
                              kOcxoFailed) {}
 
 HwDatablockFsynTcxoRefCalValue::HwDatablockFsynTcxoRefCalValue(bool stopConversionOnError)
-    : HwDatablockRefCalValue(stopConversionOnError, BlockId, "   HwDatablockFsynTcxoRefCalValue",
-                             "# Das sind die Fsyn_Ocxo Kalibrierwerte\n"
-                             "ID:            FSYN_TCXO_REF_CAL_VALUE\n",
-                             kOcxoFailed) {}
+    : HwDatablockCountedRefCalValue(stopConversionOnError, BlockId,
+                                    "   HwDatablockFsynTcxoRefCalValue",
+                                    "# Das sind die Fsyn_Ocxo Kalibrierwerte\n"
+                                    "ID:            FSYN_TCXO_REF_CAL_VALUE\n",
+                                    kOcxoFailed) {}
 
 HwDatablockSynexOcxoRefCalValue::HwDatablockSynexOcxoRefCalValue(bool stopConversionOnError)
-    : HwDatablockRefCalValue(stopConversionOnError, BlockId, "   HwDatablockSynexOcxoRefCalValue",
-                             "# Das sind die Synex_Ocxo Kalibrierwerte\n"
-                             "ID:            SYNEX_OCXO_REF_CAL_VALUE\n",
-                             kOcxoFailed) {}
+    : HwDatablockCountedRefCalValue(stopConversionOnError, BlockId,
+                                    "   HwDatablockSynexOcxoRefCalValue",
+                                    "# Das sind die Synex_Ocxo Kalibrierwerte\n"
+                                    "ID:            SYNEX_OCXO_REF_CAL_VALUE\n",
+                                    kOcxoFailed) {}
 
 HwDatablockSsynOcxoRefCalValue::HwDatablockSsynOcxoRefCalValue(bool stopConversionOnError)
-    : HwDatablockRefCalValue(stopConversionOnError, BlockId, "   HwDatablockSsynOcxoRefCalValue",
-                             "# Das sind die Ssyn_Ocxo Kalibrierwerte\n"
-                             "ID:            SSYN_OCXO_REF_CAL_VALUE\n",
-                             kOcxoFailed) {}
+    : HwDatablockCountedRefCalValue(stopConversionOnError, BlockId,
+                                    "   HwDatablockSsynOcxoRefCalValue",
+                                    "# Das sind die Ssyn_Ocxo Kalibrierwerte\n"
+                                    "ID:            SSYN_OCXO_REF_CAL_VALUE\n",
+                                    kOcxoFailed) {}
 
 HwDatablockDopMbrdPllDacCalibValue::HwDatablockDopMbrdPllDacCalibValue(bool stopConversionOnError)
     : HwDatablockRefCalValue(
