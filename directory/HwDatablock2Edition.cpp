@@ -5,6 +5,7 @@
 #include "directory/ElementText.h"
 #include "directory/SelfDescribingLayout.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace Tupsim {

@@ -40,14 +40,6 @@ public:
     std::map<unsigned int, HwDatablock*> blocks;
 };
 
-// Takes ownership of a block loaded with `image`, as CommonDatablockAccess expects.
-std::unique_ptr<CommonDatablockAccess> accessOf(const QByteArray& image, bool list = false) {
-    auto* block = new HwDatablock2Edition;
-    load(*block, image);
-    block->setListFormat(list);
-    return std::make_unique<CommonDatablockAccess>(block, nullptr, true);
-}
-
 QByteArray element(std::initializer_list<int> bytes) {
     return bytesOf(bytes);
 }

@@ -3,8 +3,11 @@
 
 #include "support/Bytes.h"
 
+#include <CommonDatablockAccess.h>
 #include <ETypeId.h>
 #include <HwDatablock2Edition.h>
+
+#include <memory>
 
 namespace Tupsim {
 namespace test {
@@ -40,6 +43,14 @@ inline QByteArray pageImage() {
 inline void load(HwDatablock& block, const QByteArray& image) {
     block.setDataWithoutChecksumCheck(reinterpret_cast<const unsigned char*>(image.constData()),
                                       static_cast<unsigned>(image.size()));
+}
+
+// Generic access over a block loaded with `image`; the access owns the block.
+inline std::unique_ptr<CommonDatablockAccess> accessOf(const QByteArray& image, bool list = false) {
+    auto* block = new HwDatablock2Edition;
+    load(*block, image);
+    block->setListFormat(list);
+    return std::make_unique<CommonDatablockAccess>(block, nullptr, true);
 }
 
 } // namespace test

@@ -15,12 +15,6 @@ using namespace Tupsim::test;
 
 namespace {
 
-std::unique_ptr<CommonDatablockAccess> accessOf(const QByteArray& image) {
-    auto* block = new HwDatablock2Edition;
-    load(*block, image);
-    return std::make_unique<CommonDatablockAccess>(block, nullptr, true);
-}
-
 // Two tables with every kind of identifier run and a column that takes no bytes.
 std::vector<HwSBlockDescription> sampleTables() {
     HwSBlockDescription a;
