@@ -17,9 +17,17 @@
 // Table templates
 
 // Directory and self-describing blocks
+#include "CommonDatablockAccess.h"
+#include "DatatypeMap2Print.h"
+#include "HwDatablock2Edition.h"
 #include "HwDatablockOldStyleInterpreter.h"
+#include "HwSBlockDescription.h"
+#include "HwSDataBlockCfg.h"
+#include "IHwDatablockAccess.h"
+#include "IHwVariantEeprom.h"
 
 // Identification and service blocks
+#include "HwDatablockEventCount.h"
 
 // Calibration blocks
 #include "HwDatablockCountedRefCalValue.h"

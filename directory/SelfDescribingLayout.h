@@ -1,0 +1,40 @@
+// Layout rules shared by the walk, the writer and the printers of self-describing images.
+#pragma once
+
+#include "ETypeId.h"
+
+#include <QByteArray>
+#include <QList>
+#include <cstdint>
+
+namespace Tupsim {
+namespace layout {
+
+constexpr std::uint64_t UpdateIndexOffset = 12; // long header
+constexpr std::uint64_t FirstTableOffset = 14;  // long header: the first table's row count
+constexpr std::uint64_t LongColumnTypesOffset = 20;
+constexpr std::uint64_t ShortColumnTypesOffset = 18;
+constexpr std::uint64_t PadUnit = 4;
+// Longer values are not kept by the walk.
+constexpr std::uint64_t MaxValueSize = 29;
+
+// Bytes one element takes in the image; 0 for NONE and unknown codes. Codes 16 and 17 take two
+// bytes; a STRING counts 1 here but runs up to and including its terminating zero.
+unsigned int elementWidth(unsigned int type);
+
+// True when elements of `type` occupy bytes in the image.
+inline bool takesBytes(unsigned int type) {
+    return type == STRING || elementWidth(type) > 0;
+}
+
+// Bytes from `pos` to the next multiple of `unit`, counted from the image start.
+inline std::uint64_t padLength(std::uint64_t pos, std::uint64_t unit) {
+    return unit == 0 ? 0 : (unit - pos % unit) % unit;
+}
+
+// Splits an identifier run into at most `count` identifiers: fixed-width ones by their size,
+// STRING ones at their zeros (which are left out); an incomplete last one is dropped.
+QList<QByteArray> identifiers(const QByteArray& ids, unsigned int type, std::uint64_t count);
+
+} // namespace layout
+} // namespace Tupsim

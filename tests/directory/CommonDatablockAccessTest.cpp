@@ -1,0 +1,280 @@
+// Generic typed access: the walk over one or several tables, list format, queries and texts.
+#include "SampleImages.h"
+
+#include <CommonDatablockAccess.h>
+#include <IHwVariantEeprom.h>
+
+#include <gtest/gtest.h>
+#include <map>
+#include <memory>
+
+using namespace Tupsim;
+using namespace Tupsim::test;
+
+namespace {
+
+// A store that keeps what it is given.
+class RecordingStore : public IHwVariantEeprom {
+public:
+    ~RecordingStore() override { clear(); }
+    unsigned int getNumberOfBlocks() const override { return unsigned(blocks.size()); }
+    HwDatablock* getBlock(unsigned int index) const override {
+        auto it = blocks.find(index);
+        return it == blocks.end() ? nullptr : it->second;
+    }
+    bool hasBlock(unsigned int index) const override { return blocks.count(index) != 0; }
+    HwDatablock* takeBlock(unsigned int index) override {
+        HwDatablock* block = getBlock(index);
+        blocks.erase(index);
+        return block;
+    }
+    void clear() override {
+        for (auto& entry : blocks)
+            delete entry.second;
+        blocks.clear();
+    }
+    void storeBlock(unsigned int index, HwDatablock* block) override {
+        delete takeBlock(index);
+        blocks[index] = block;
+    }
+    std::map<unsigned int, HwDatablock*> blocks;
+};
+
+QByteArray element(std::initializer_list<int> bytes) {
+    return bytesOf(bytes);
+}
+
+} // namespace
+
+TEST(CommonDatablockAccess, WalksHeaderAndTable) {
+    auto access = accessOf(pageImage());
+    EXPECT_EQ(access->getId(), 20001);
+    EXPECT_FLOAT_EQ(access->getUpdateIndex(), 1.05f);
+    EXPECT_EQ(access->getBlockCount(), 1);
+    EXPECT_EQ(access->getRowCount(0), 2u);
+    EXPECT_EQ(access->getColCount(0), 3u);
+    EXPECT_EQ(access->getRowIdType(0), FIX16D1);
+    EXPECT_EQ(access->getColumnIdType(0), UINT16);
+    EXPECT_EQ(access->getDataTypeList(0), (QList<ETypeId>{INT32, CHAR5, FIX32D4}));
+    EXPECT_EQ(access->getDataType(1, 0), CHAR5);
+    EXPECT_EQ(access->getRowIdStringList(0), (QStringList{"1.5", "-1.0"}));
+    EXPECT_EQ(access->getColIdStringList(0), (QStringList{"10", "20", "30"}));
+    EXPECT_EQ(access->getStringColumn(1, 0), (QStringList{"abc", "vwxyz"}));
+    const QVector<QStringList> rows = access->getDataInStringVector(0);
+    ASSERT_EQ(rows.size(), 2);
+    EXPECT_EQ(rows[0], (QStringList{"42", "abc", "1.2345"}));
+    EXPECT_EQ(rows[1], (QStringList{"-1", "vwxyz", "-1.2345"}));
+    EXPECT_EQ(access->getBlockDescription(0)->values[2][1], element({0xC7, 0xCF, 0xFF, 0xFF}));
+
+    // Out of range: the trailing description is the empty table in progress.
+    EXPECT_EQ(access->getRowIdType(5), NONE);
+    EXPECT_EQ(access->getColumnIdType(5), NONE);
+    EXPECT_EQ(access->getDataType(3, 0), NONE);
+    EXPECT_EQ(access->getDataType(0, 9), NONE);
+    EXPECT_EQ(access->getRowCount(1), 0u);
+    EXPECT_EQ(access->getRowCount(9), 0u);
+    EXPECT_TRUE(access->getStringColumn(3, 0).isEmpty());
+    EXPECT_TRUE(access->getDataInStringVector(9).isEmpty());
+    EXPECT_EQ(access->getBlockDescription(2), nullptr);
+}
+
+TEST(CommonDatablockAccess, HostOrderWordsBorrowWhileGathered) {
+    QByteArray image = pageImage();
+    image[0] = 0x01;
+    image[1] = static_cast<char>(0x80); // id 0x8001 in host order
+    auto access = accessOf(image);
+    EXPECT_EQ(access->getId(), 0x8000);    // 0x01 0x80 gathers to 0x0080, reversed 0x8000
+    EXPECT_EQ(access->getRowCount(0), 2u); // the table words do not borrow
+
+    image[15] = static_cast<char>(0xC8); // 200 rows: a low byte of 0x80 or more
+    access = accessOf(image);
+    EXPECT_EQ(access->getRowCount(0), 200u);
+}
+
+TEST(CommonDatablockAccess, EmptyOrMissingImagesGiveOneEmptyDescription) {
+    QByteArray image = pageImage();
+    image[2] = image[3] = 0; // block size 0: nothing is read
+    auto access = accessOf(image);
+    EXPECT_EQ(access->getBlockCount(), 0);
+    EXPECT_EQ(access->getId(), 0);
+    EXPECT_EQ(access->getColCount(0), 0u);
+
+    CommonDatablockAccess none(nullptr, nullptr, true);
+    EXPECT_EQ(none.getBlockCount(), 0);
+    CommonDatablockAccess unparsed(nullptr, nullptr, false);
+    EXPECT_EQ(unparsed.getBlockCount(), 65535); // no description at all
+}
+
+TEST(CommonDatablockAccess, ListFormatReadsFourByteEntries) {
+    const QByteArray image = bytesOf({
+        0x22, 0x4E,             // block id 20002
+        0x16, 0x00,             // block size 22
+        0x00, 0x00,             // checksum
+        0x00, 0x07,             // alignment; byte 7 kept
+        0x01, 0x00, 0x00, 0x00, // entry 1
+        0xFF, 0xFF, 0xFF, 0xFF, // entry 4294967295
+        0x10, 0x27, 0x00, 0x00, // entry 10000
+        0xAB, 0xCD,             // an incomplete entry
+    });
+    auto access = accessOf(image, true);
+    EXPECT_TRUE(access->isListBlockFormat());
+    EXPECT_EQ(access->getBlockCount(), 0); // the list is never complete: one description
+    EXPECT_EQ(access->getRowCount(0), 3u);
+    EXPECT_EQ(access->getColCount(0), 1u);
+    EXPECT_EQ(access->getRowIdType(0), UINT32);
+    EXPECT_EQ(access->getColumnIdType(0), UINT32);
+    EXPECT_EQ(access->getDataTypeList(0), QList<ETypeId>{UINT32});
+    EXPECT_EQ(access->getBlockDescription(0)->rowIds, QByteArray(12, '\0'));
+    EXPECT_EQ(access->getStringColumn(0, 0), (QStringList{"1", "4294967295", "10000"}));
+    EXPECT_FLOAT_EQ(access->getUpdateIndex(), 0.0f); // no long header in a list
+}
+
+TEST(CommonDatablockAccess, WalksTablesPackedBackToBack) {
+    const QByteArray image = bytesOf({
+        0x23,    0x4E,                // block id 20003
+        0x3C,    0x00,                // block size 60
+        0x00,    0x00,                // checksum
+        0x00,    0x00,                // alignment
+        0x00,    0x00,   0x00,  0x00, // CRC-32
+        0x00,    0x0A,                // update index 10
+        0x00,    0x02,                // table 0: rows 2
+        0x00,    0x02,                //          columns 2
+        STRING,  NONE,                //          row ids STRING, no column ids
+        UINT8,   STRING,              //          column types
+        0x00,    0x00,                //          padding to 24
+        'a',     0x00,   'b',   'c',  //          row ids "a" and "bc"
+        0x00,    0x00,   0x00,  0x00, //          ..., padding to 32
+        0x07,    'x',    'y',   0x00, //          row 0: 7, "xy"
+        0x08,    0x00,                //          row 1: 8, ""
+        0x00,    0x01,                // table 1: rows 1, right after the data
+        0x00,    0x03,                //          columns 3
+        NONE,    CHAR,                //          no row ids, CHAR column ids
+        FIX16D2, NONE,   INT16,       //          a NONE column takes no bytes
+        0x00,                         //          padding to 48
+        'p',     'q',    'r',         //          column ids
+        0x00,                         //          padding to 52
+        0x2C,    0x01,                //          row 0: 3.00
+        0x9C,    0xFF,                //                 -100
+        0x00,    0x00,   0x00,  0x00, // trailing bytes: an unfinished table
+    });
+    auto access = accessOf(image);
+    ASSERT_EQ(access->getBlockCount(), 2);
+    EXPECT_EQ(access->getRowIdStringList(0), (QStringList{"a", "bc"}));
+    EXPECT_TRUE(access->getColIdStringList(0).isEmpty());
+    EXPECT_EQ(access->getStringColumn(0, 0), (QStringList{"7", "8"}));
+    EXPECT_EQ(access->getStringColumn(1, 0), (QStringList{"xy", ""}));
+    EXPECT_EQ(access->getRowCount(1), 1u);
+    EXPECT_EQ(access->getColIdStringList(1), (QStringList{"p", "q", "r"}));
+    EXPECT_EQ(access->getDataTypeList(1), (QList<ETypeId>{FIX16D2, NONE, INT16}));
+    const QVector<QStringList> rows = access->getDataInStringVector(1);
+    ASSERT_EQ(rows.size(), 1);
+    EXPECT_EQ(rows[0], (QStringList{"3.00", "", "-100"}));
+    EXPECT_EQ(access->getRowCount(2), 0u); // the unfinished table does not count
+}
+
+TEST(CommonDatablockAccess, ConvertsEveryTypeToText) {
+    struct Case {
+        ETypeId type;
+        QByteArray bytes;
+        const char* text;
+    };
+    const Case cases[] = {
+        {UINT8, element({0xFF}), "255"},
+        {INT8, element({0x80}), "-128"},
+        {UINT16, element({0xFF, 0xFF}), "65535"},
+        {INT16, element({0x00, 0x80}), "-32768"},
+        {UINT32, element({0x01, 0x00, 0x00, 0x00}), "1"},
+        {INT32, element({0xFE, 0xFF, 0xFF, 0xFF}), "-2"},
+        {UINT64, element({0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}), "18446744073709551615"},
+        {INT64, element({0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x80}), "-9223372036854775808"},
+        {FLOAT, element({0x00, 0x00, 0x20, 0xC1}), "-10"},
+        {DOUBLE, element({0x6F, 0x12, 0x83, 0xC0, 0xCA, 0x21, 0x09, 0x40}), "3.1415"},
+        {FIX16D1, element({0xF1, 0xFF}), "-1.5"},
+        {FIX16D4, element({0x10, 0x27}), "1.0000"},
+        {FIX32D1, element({0xF1, 0xFF}), "-1.5"}, // two bytes in the image
+        {FIX32D2, element({0x05, 0x00}), "0.05"},
+        {FIX32D3, element({0x18, 0xFC, 0xFF, 0xFF}), "-1.000"},
+        {FIX32D4, element({0x01, 0x00, 0x00, 0x00}), "0.0001"},
+        {CHAR, element({'Q'}), "Q"},
+        {CHAR20, QByteArray("twenty\0\0\0\0\0\0\0\0\0\0\0\0\0\0", 20), "twenty"},
+        {STRING, QByteArray("free text"), "free text"},
+    };
+    CommonDatablockAccess access(nullptr, nullptr, false);
+    HwSBlockDescription table;
+    table.rowCount = 1;
+    for (const Case& c : cases) {
+        table.colTypes.push_back(c.type);
+        table.values.push_back({c.bytes});
+    }
+    table.colCount = quint32(table.colTypes.size());
+    access.addBlock(table);
+    ASSERT_EQ(access.getBlockCount(), 1);
+    const QStringList texts = access.getDataInStringVector(0).value(0);
+    ASSERT_EQ(texts.size(), int(std::size(cases)));
+    for (int i = 0; i < texts.size(); ++i)
+        EXPECT_EQ(texts[i].toStdString(), cases[i].text) << int(cases[i].type);
+
+    // A type without a text form is reported and gives an empty text.
+    HwSBlockDescription odd;
+    odd.rowCount = odd.colCount = 1;
+    odd.colTypes = {99};
+    odd.values = {{element({1, 2})}};
+    access.addBlock(odd);
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(access.getStringColumn(0, 1), QStringList{QString()});
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "CommonDatablockAccess::convValue: type (99) not supported\n");
+}
+
+TEST(CommonDatablockAccess, SizesOfTheWalk) {
+    EXPECT_EQ(CommonDatablockAccess::getSizeInBytes(FIX32D1), 2u);
+    EXPECT_EQ(HwDatablock2Edition::size_in_byte(FIX32D1), 4);
+    EXPECT_EQ(CommonDatablockAccess::getSizeInBytes(FIX32D2), 2u);
+    EXPECT_EQ(CommonDatablockAccess::getSizeInBytes(FIX32D3), 4u);
+    EXPECT_EQ(CommonDatablockAccess::getSizeInBytes(STRING), 1u);
+    EXPECT_EQ(CommonDatablockAccess::getSizeInBytes(LONG_DOUBLE), 10u);
+    EXPECT_EQ(CommonDatablockAccess::getSizeInBytes(CHAR20), 20u);
+    EXPECT_EQ(CommonDatablockAccess::getSizeInBytes(ETypeId(26)), 0u);
+}
+
+TEST(CommonDatablockAccess, OverlongTextsAreNotKept) {
+    QByteArray image = bytesOf({
+        0x24,   0x4E, 0x00, 0x00, // block id 20004, size set below
+        0x00,   0x00, 0x00, 0x00, // checksum, alignment
+        0x00,   0x00, 0x00, 0x00, // CRC-32
+        0x00,   0x00,             // update index
+        0x00,   0x03,             // rows
+        0x00,   0x01,             // columns
+        NONE,   NONE,             // no identifiers
+        STRING,                   // column type
+        0x00,   0x00, 0x00,       // padding to 24
+    });
+    image.append(QByteArray(28, 'k')).append('\0'); // 29 bytes with its zero: kept
+    image.append(QByteArray(29, 'l')).append('\0'); // 30 bytes: not kept
+    image.append("end").append('\0');
+    image[2] = static_cast<char>(image.size());
+    auto access = accessOf(image);
+    ASSERT_EQ(access->getBlockCount(), 1);
+    EXPECT_EQ(access->getStringColumn(0, 0), (QStringList{QString(28, 'k'), QString(), "end"}));
+}
+
+TEST(CommonDatablockAccess, WriteVariantBockHandsTheBlockToTheStore) {
+    CommonDatablockAccess alone(nullptr, nullptr, false);
+    EXPECT_TRUE(alone.writeVariantBock(3, pageImage()));
+    EXPECT_EQ(alone.getVariantEepromPtr(), nullptr);
+
+    RecordingStore store;
+    CommonDatablockAccess access(nullptr, &store, false);
+    EXPECT_EQ(access.getVariantEepromPtr(), &store);
+    QByteArray image = pageImage();
+    sealChecksum(image);
+    EXPECT_TRUE(access.writeVariantBock(5, image));
+    ASSERT_TRUE(store.hasBlock(5));
+    HwDatablock* block = store.getBlock(5);
+    EXPECT_EQ(block->getByteArrayData(), image);
+    EXPECT_EQ(block->getDataFormatTyp(), HwDataFormatReference);
+    EXPECT_TRUE(block->getStopConversionOnError());
+    EXPECT_TRUE(access.writeVariantBock(5, bytesOf({0, 0, 8, 0, 0, 0, 0, 0}))); // replaces
+    EXPECT_EQ(store.getNumberOfBlocks(), 1u);
+    EXPECT_EQ(store.getBlock(5)->getBlockSize(), 8);
+}

@@ -1,0 +1,46 @@
+// Debug pages of self-describing blocks against their golden texts.
+#include "SampleImages.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+#include <sstream>
+
+using namespace Tupsim;
+using namespace Tupsim::test;
+
+namespace {
+
+std::string golden(const char* name) {
+    QFile file(QStringLiteral(EPROM_TEST_DATA_DIR "/directory/") + QLatin1String(name));
+    if (!file.open(QIODevice::ReadOnly))
+        return "missing golden file";
+    return file.readAll().toStdString();
+}
+
+HwSDataBlockCfg sampleCfg() {
+    HwSDataBlockCfg cfg;
+    cfg.blockName = QStringLiteral("FREQ_RESPONSE");
+    cfg.date = QStringLiteral("2019-04-01");
+    cfg.sector = 3;
+    cfg.address = 0x1A40;
+    cfg.columnDescriptions = QStringLiteral("Count;Label;Gain correction");
+    return cfg;
+}
+
+} // namespace
+
+TEST(DebugPages, PrintTheBlockAsGolden) {
+    HwDatablock2Edition block;
+    load(block, pageImage());
+    std::ostringstream summary, detail, complete, viaPrint;
+    block.printDebugPageHeading(summary, true);
+    block.printDebugPageSummary(summary, sampleCfg());
+    block.printDebugPageHeading(detail, false);
+    block.printDebugPageDetail(detail, sampleCfg());
+    block.printDebugPageComplete(complete, sampleCfg());
+    block.printToStream2Edition(viaPrint, sampleCfg());
+    EXPECT_EQ(summary.str(), golden("summary.txt"));
+    EXPECT_EQ(detail.str(), golden("detail.txt"));
+    EXPECT_EQ(complete.str(), golden("complete.txt"));
+    EXPECT_EQ(viaPrint.str(), complete.str());
+}

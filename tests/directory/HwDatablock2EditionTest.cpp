@@ -1,0 +1,199 @@
+// The self-describing block: both header layouts, types, CRC field, element printing, access.
+#include "SampleImages.h"
+
+#include <IHwDatablockAccess.h>
+
+#include <gtest/gtest.h>
+#include <sstream>
+
+using namespace Tupsim;
+using namespace Tupsim::test;
+
+namespace {
+
+// The sample's header moved to the short layout: no CRC-32, everything two bytes earlier.
+QByteArray shortImage() {
+    return bytesOf({
+        0x21,   0x4E,               // block id 20001
+        0x18,   0x00,               // block size 24
+        0x00,   0x00,               // checksum
+        0x01,   0x00,               // alignment 1: short header
+        0x99,   0x99,               // reserved, not read
+        0xFF,   0xFB,               // update index -5
+        0x01,   0x2C,               // rows 300
+        0x00,   0x02,               // columns 2
+        STRING,                     // row id type
+        CHAR10,                     // column id type
+        DOUBLE, FIX16D3,            // column types
+        0x00,   0x00,    0x00, 0x00 // data
+    });
+}
+
+} // namespace
+
+TEST(HwDatablock2Edition, FreshBlockHasTheLongHeader) {
+    HwDatablock2Edition block;
+    EXPECT_EQ(hex(block.getByteArrayData()), "00 00 0c 00 00 00 00 00 00 00 00 00");
+    EXPECT_EQ(block.getId(), 0u);
+    EXPECT_EQ(block.getBlockSize(), 12);
+    EXPECT_TRUE(block.getStopConversionOnError());
+    EXPECT_EQ(block.getUpdateIndex(), 0.0f); // bytes 12-13 lie beyond the image
+    EXPECT_EQ(block.getNumberOfRows(0), 0);
+    EXPECT_EQ(block.getColumnType(0), NONE);
+}
+
+TEST(HwDatablock2Edition, ReadsBothHeaderLayouts) {
+    HwDatablock2Edition block;
+    load(block, pageImage());
+    EXPECT_EQ(block.getId(), 20001u);
+    EXPECT_FLOAT_EQ(block.getUpdateIndex(), 1.05f);
+    EXPECT_EQ(block.getNumberOfRows(0), 2);
+    EXPECT_EQ(block.getNumberOfColumns(7), 3); // the block index is ignored
+    EXPECT_EQ(block.getRowIdType(), FIX16D1);
+    EXPECT_EQ(block.getColumnIdType(), UINT16);
+    EXPECT_EQ(block.getColumnType(0), INT32);
+    EXPECT_EQ(block.getColumnType(2), FIX32D4);
+    EXPECT_EQ(block.getColumnType(3), NONE); // past the column count: data bytes are not types
+    EXPECT_EQ(block.getColumnType(-1), NONE);
+    EXPECT_EQ(block.getSizeOfRowIdType(), 2);
+    EXPECT_EQ(block.getSizeOfColumnIdType(), 2);
+
+    load(block, shortImage());
+    EXPECT_FLOAT_EQ(block.getUpdateIndex(), -0.05f);
+    EXPECT_EQ(block.getNumberOfRows(0), 300);
+    EXPECT_EQ(block.getNumberOfColumns(0), 2);
+    EXPECT_EQ(block.getRowIdType(), STRING);
+    EXPECT_EQ(block.getColumnIdType(), CHAR10);
+    EXPECT_EQ(block.getColumnType(0), DOUBLE);
+    EXPECT_EQ(block.getColumnType(1), FIX16D3);
+    EXPECT_EQ(block.getSizeOfRowIdType(), 0);
+    EXPECT_EQ(block.getSizeOfColumnIdType(), 10);
+
+    // The same bytes with alignment 0 are read as the long layout.
+    QByteArray asLong = shortImage();
+    asLong[6] = 0;
+    load(block, asLong);
+    EXPECT_EQ(block.getNumberOfRows(0), 2);
+    EXPECT_FLOAT_EQ(block.getUpdateIndex(), 3.0f); // 0x012C = 300 hundredths
+}
+
+TEST(HwDatablock2Edition, TruncatedHeadersReadAsZero) {
+    const QByteArray full = pageImage();
+    HwDatablock2Edition block;
+    for (int n = 0; n <= 22; ++n) {
+        load(block, full.left(n));
+        EXPECT_EQ(block.getNumberOfRows(0), n >= 16 ? 2 : 0) << n;
+        EXPECT_EQ(block.getNumberOfColumns(0), n >= 18 ? 3 : 0) << n;
+        EXPECT_EQ(block.getRowIdType(), n >= 19 ? FIX16D1 : NONE) << n;
+        EXPECT_EQ(block.getColumnType(2), n >= 23 ? FIX32D4 : NONE) << n;
+        EXPECT_EQ(block.getUpdateIndex(), n >= 14 ? 1.05f : 0.0f) << n;
+    }
+}
+
+TEST(HwDatablock2Edition, TypeNamesAndSizes) {
+    const char* names[] = {"NONE",    "UINT8",   "INT8",    "UINT16",  "INT16",  "UINT32",
+                           "INT32",   "UINT64",  "INT64",   "FLOAT",   "DOUBLE", "LONG DOUBLE",
+                           "FIX16D1", "FIX16D2", "FIX16D3", "FIX16D4", "INT16",  "INT16",
+                           "FIX32D3", "FIX32D4", "CHAR",    "CHAR5",   "CHAR10", "CHAR15",
+                           "CHAR20",  "STRING"};
+    const int sizes[] = {0, 1, 1, 2, 2, 4, 4, 8, 8, 4,  8,  10, 2,
+                         2, 2, 2, 4, 4, 4, 4, 1, 5, 10, 15, 20, 0};
+    for (int type = 0; type < 26; ++type) {
+        EXPECT_STREQ(HwDatablock2Edition::getTypeString(ETypeId(type)), names[type]) << type;
+        EXPECT_EQ(HwDatablock2Edition::size_in_byte(ETypeId(type)), sizes[type]) << type;
+    }
+    EXPECT_STREQ(HwDatablock2Edition::getTypeString(ETypeId(26)), "NONE");
+    EXPECT_STREQ(HwDatablock2Edition::getTypeString(ETypeId(255)), "NONE");
+    EXPECT_EQ(HwDatablock2Edition::size_in_byte(ETypeId(26)), 0);
+}
+
+TEST(HwDatablock2Edition, SetChecksum32WritesOnlyInsideTheImage) {
+    HwDatablock2Edition block;
+    EXPECT_TRUE(block.setChecksum32(0x11223344));
+    EXPECT_EQ(hex(block.getByteArrayData().mid(8)), "44 33 22 11");
+    EXPECT_EQ(block.getChecksum32(), 0x11223344u);
+
+    const QByteArray four = bytesOf({1, 2, 3, 4});
+    load(block, four);
+    EXPECT_TRUE(block.setChecksum32(0xAABBCCDD));
+    EXPECT_EQ(block.getByteArrayData(), four);
+
+    load(block, QByteArray(10, '\0'));
+    EXPECT_TRUE(block.setChecksum32(0xAABBCCDD));
+    EXPECT_EQ(hex(block.getByteArrayData()), "00 00 00 00 00 00 00 00 dd cc");
+}
+
+TEST(HwDatablock2Edition, PrintsEveryElementType) {
+    struct Case {
+        ETypeId type;
+        QByteArray bytes;
+        const char* text;
+        int advance;
+    };
+    const Case cases[] = {
+        {UINT8, bytesOf({0xFF}), "255", 1},
+        {INT8, bytesOf({0xFF}), "-1", 1},
+        {UINT16, bytesOf({0x34, 0x12}), "4660", 2},
+        {INT16, bytesOf({0xFE, 0xFF}), "-2", 2},
+        {UINT32, bytesOf({0xFF, 0xFF, 0xFF, 0xFF}), "4294967295", 4},
+        {INT32, bytesOf({0x00, 0x00, 0x00, 0x80}), "-2147483648", 4},
+        {UINT64, bytesOf({0, 0, 0, 0, 0, 0, 0, 0x80}), "9223372036854775808", 8},
+        {INT64, bytesOf({0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}), "-1", 8},
+        {FLOAT, bytesOf({0x00, 0x00, 0xC0, 0x3F}), "1.5", 4},
+        {DOUBLE, bytesOf({0x18, 0x2D, 0x44, 0x54, 0xFB, 0x21, 0x09, 0x40}), "3.14159", 8},
+        {LONG_DOUBLE, bytesOf({0, 0, 0, 0, 0, 0, 0, 0xC0, 0xFF, 0x3F}), "1.5", 10},
+        {FIX16D1, bytesOf({0xFB, 0xFF}), "-0.5", 2},
+        {FIX16D2, bytesOf({0x7B, 0x00}), "1.23", 2},
+        {FIX16D3, bytesOf({0x7B, 0x00}), "0.123", 2},
+        {FIX16D4, bytesOf({0x7B, 0x00}), "0.0123", 2},
+        {FIX32D1, bytesOf({0xA0, 0x86, 0x01, 0x00}), "10000.0", 4},
+        {FIX32D2, bytesOf({0x9C, 0xFF, 0xFF, 0xFF}), "-1.00", 4},
+        {FIX32D3, bytesOf({0x40, 0xE2, 0x01, 0x00}), "123.456", 4},
+        {FIX32D4, bytesOf({0x39, 0x30, 0x00, 0x00}), "1.2345", 4},
+        {CHAR, bytesOf({'x'}), "x", 1},
+        {CHAR5, bytesOf({'a', 'b', 0, 'z', 'z'}), "ab    ", 5},
+        {CHAR10, QByteArray("0123456789"), "0123456789", 10},
+        {STRING, QByteArray("text"), "text", 0},
+        {NONE, bytesOf({0x41}), "", 0},
+        {ETypeId(40), bytesOf({0x41}), "", 0},
+    };
+    HwDatablock2Edition block;
+    for (const Case& c : cases) {
+        QByteArray buffer = c.bytes;
+        buffer.append(QByteArray(24, '\0')); // room past the element, and a zero after a text
+        auto* p = reinterpret_cast<unsigned char*>(buffer.data());
+        std::ostringstream out;
+        out << 2.5 << ' ';
+        EXPECT_EQ(block.printDataTypeToStream(out, p, c.type) - p, c.advance) << int(c.type);
+        out << ' ' << 2.5; // the stream's own format is left as it was
+        EXPECT_EQ(out.str(), std::string("2.5 ") + c.text + " 2.5") << int(c.type);
+    }
+    std::ostringstream out;
+    EXPECT_EQ(block.printDataTypeToStream(out, nullptr, INT32), nullptr);
+}
+
+TEST(HwDatablock2Edition, ServesTheAccessInterface) {
+    HwDatablock2Edition block;
+    QByteArray image = pageImage();
+    image[2] = static_cast<char>(0xFF); // size field 0x00FF, beyond the 64-byte image
+    load(block, image);
+    IHwDatablockAccess* access = &block;
+    EXPECT_EQ(access->getBlockSize(0), 64); // never more than the image holds
+    EXPECT_EQ(block.getBlockSize(), 255);
+    EXPECT_EQ(access->getData(0), block.getData());
+    EXPECT_EQ(access->getId(), 20001u);
+    EXPECT_EQ(access->getNumberOfRows(0), 2);
+    EXPECT_FLOAT_EQ(access->getUpdateIndex(), 1.05f);
+    EXPECT_FALSE(access->isListFormat());
+    access->setListFormat(true);
+    EXPECT_TRUE(block.isListFormat());
+    EXPECT_TRUE(access->setEepromSector(7));
+    EXPECT_EQ(block.HwDatablock::getEepromSector(), 7u);
+    EXPECT_TRUE(access->setEepromAddress(0x40));
+    EXPECT_EQ(block.getEepromAddress(), 0x40u);
+    EXPECT_EQ(access->computeChecksum32(), block.HwDatablock::computeChecksum32());
+
+    HwDatablock2Edition copy = block; // copies image, list flag and the rest
+    EXPECT_EQ(copy.getByteArrayData(), block.getByteArrayData());
+    EXPECT_TRUE(copy.isListFormat());
+}

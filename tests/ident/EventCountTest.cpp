@@ -1,0 +1,79 @@
+// The event-counter block: its magic word in the CRC-32 field and bounded counter updates.
+#include "support/Bytes.h"
+
+#include <HwDatablockEventCount.h>
+
+#include <gtest/gtest.h>
+
+using namespace Tupsim;
+using namespace Tupsim::test;
+
+namespace {
+
+// Event counter 20500: 1 row of 2 UINT32 counters.
+QByteArray counterImage() {
+    QByteArray image = bytesOf({
+        0x14,   0x50,               // block id 20500
+        0x20,   0x00,               // block size 32
+        0x00,   0x00,               // checksum, sealed below
+        0x00,   0x00,               // alignment 0: long header
+        0x12,   0x34,   0x56, 0x78, // CRC-32 field, to be replaced by the magic word
+        0x00,   0x01,               // update index
+        0x00,   0x01,               // rows
+        0x00,   0x02,               // columns
+        NONE,   NONE,               // no identifiers
+        UINT32, UINT32,             // column types
+        0x00,   0x00,               // padding to 24: the data area starts here
+        0x01,   0x00,   0x00, 0x00, // counter 0
+        0x02,   0x00,   0x00, 0x00, // counter 1
+    });
+    sealChecksum(image);
+    return image;
+}
+
+void setImage(HwDatablockEventCount& block, const QByteArray& image) {
+    block.setData(reinterpret_cast<const unsigned char*>(image.constData()),
+                  static_cast<unsigned>(image.size()));
+}
+
+} // namespace
+
+TEST(EventCount, MagicWordTakesThePlaceOfTheCrc) {
+    HwDatablockEventCount fresh;
+    EXPECT_EQ(fresh.getDatablockClassTyp(), HwDatablockClassEventCount);
+    EXPECT_EQ(hex(fresh.getByteArrayData()), "00 00 0c 00 00 00 00 00 0c 00 2d 45");
+    EXPECT_EQ(fresh.getChecksum32(), 0x452D000Cu);
+
+    HwDatablockEventCount block;
+    setImage(block, counterImage());
+    EXPECT_EQ(hex(block.getByteArrayData().mid(8, 4)), "20 00 2d 45"); // 0x452D0000 + size 32
+    EXPECT_EQ(block.getByteArrayData().mid(12), counterImage().mid(12));
+    block.setDatablockClassTyp(HwDatablockClassNone);
+    EXPECT_TRUE(block.verifyChecksum32()); // recognised by its magic word
+    EXPECT_EQ(block.getDatablockClassTyp(), HwDatablockClassEventCount);
+
+    // A null image leaves the bytes, but the block is still marked; always true.
+    const QByteArray before = block.getByteArrayData();
+    EXPECT_TRUE(block.setData(nullptr, 8));
+    EXPECT_EQ(block.getByteArrayData(), before);
+}
+
+TEST(EventCount, UpdatesOnlyInsideTheDataArea) {
+    HwDatablockEventCount block;
+    setImage(block, counterImage());
+    EXPECT_TRUE(block.updateEventCountBlock(0, 0x7F));
+    EXPECT_TRUE(block.updateEventCountBlock(7, 0x09)); // the last data byte
+    QByteArray expected = block.getByteArrayData();
+    EXPECT_EQ(hex(expected.mid(24)), "7f 00 00 00 02 00 00 09");
+    EXPECT_TRUE(block.verifyChecksum()); // refreshed after each update
+
+    EXPECT_TRUE(block.updateEventCountBlock(8, 0xEE)); // equal to the data length
+    EXPECT_TRUE(block.updateEventCountBlock(0xFFFFFFFFu, 0xEE));
+    EXPECT_EQ(block.getByteArrayData(), expected);
+
+    // An image that ends within its header has no data area at all.
+    setImage(block, counterImage().left(20));
+    expected = block.getByteArrayData();
+    EXPECT_TRUE(block.updateEventCountBlock(0, 0xEE));
+    EXPECT_EQ(block.getByteArrayData(), expected);
+}
