@@ -1,8 +1,8 @@
 // The child process that runs the calibration reader: results come back whole, and a reader
 // that ends its process is reported instead of ending the tool.
+#include "FakeCatalogue.h"
 #include "TestImages.h"
 
-#include <BlockCatalogue.h>
 #include <ChainWalker.h>
 #include <IsolatedRun.h>
 #include <SectionImport.h>
@@ -10,38 +10,9 @@
 #include <csignal>
 #include <cstdlib>
 #include <gtest/gtest.h>
-#include <iterator>
-#include <string>
 
 using namespace Tupsim::test;
 using namespace epromtool;
-
-namespace {
-
-// Reads a block back by taking the first word of the file as its new last payload byte; a
-// block with id 10001 stands for a malformed section the reader gives up on with exit(2).
-class FakeCatalogue : public BlockCatalogue {
-public:
-    QString className(const QByteArray&) override { return "Fake"; }
-    QString textId(const QByteArray&) override { return "FAKE"; }
-    bool readsAscii(const QByteArray&) override { return true; }
-    void print(const QByteArray&, std::ostream&) override {}
-    bool parse(const QByteArray& block, std::istream& in, QByteArray& parsed) override {
-        if (block[0] == 0x11)
-            std::exit(2);
-        if (block[0] == 0x12)
-            return false;
-        in.clear();
-        in.seekg(0);
-        int value = 0;
-        in >> value;
-        parsed = block;
-        parsed[parsed.size() - 1] = static_cast<char>(value);
-        return true;
-    }
-};
-
-} // namespace
 
 TEST(IsolatedRun, HandsBackLargeResultsAndReportsHowTheChildEnded) {
     // More than a pipe holds at once, so the parent must read while the child writes.
@@ -81,6 +52,7 @@ TEST(SectionImport, ParsesInTheChildAndSurvivesAReaderThatExits) {
     EXPECT_TRUE(parsed[0].read);
     QByteArray expected = calibBlock();
     expected[11] = 99;
+    sealChecksum(expected);
     EXPECT_EQ(parsed[0].image, expected);
     EXPECT_EQ(parsed[1].index, 1);
     EXPECT_FALSE(parsed[1].read);

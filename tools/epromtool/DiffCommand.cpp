@@ -1,6 +1,7 @@
 // epromtool diff IMAGE_A IMAGE_B: block by block, what was added, removed or changed.
 #include "BlockCatalogue.h"
 #include "CommandLine.h"
+#include "CommandSupport.h"
 #include "Commands.h"
 #include "Console.h"
 #include "DiffReport.h"
@@ -25,12 +26,9 @@ int runDiff(const QStringList& arguments) {
     ImageReport a;
     ImageReport b;
     for (ImageReport* report : {&a, &b}) {
-        if (!report->load(line.argument(report == &a ? 0 : 1), *catalogue)) {
-            Console::error(report->readError());
+        if (!CommandSupport::load(*report, line.argument(report == &a ? 0 : 1), *catalogue))
             return ExitUnreadable;
-        }
-        for (const Problem& problem : report->problems())
-            Console::error(QStringLiteral("%1: %2").arg(report->path(), problem.line()));
+        CommandSupport::complain(*report, report->problems());
     }
     const DiffReport diff(a, b);
     if (line.json())

@@ -1,6 +1,7 @@
 // epromtool export IMAGE: writes the blocks as an ASCII calibration file.
 #include "BlockCatalogue.h"
 #include "CommandLine.h"
+#include "CommandSupport.h"
 #include "Commands.h"
 #include "Console.h"
 #include "ExitCode.h"
@@ -37,17 +38,10 @@ int runExport(const QStringList& arguments) {
 
     auto catalogue = makeBlockCatalogue();
     ImageReport report;
-    if (!report.load(line.argument(0), *catalogue)) {
-        Console::error(report.readError());
+    if (!CommandSupport::load(report, line.argument(0), *catalogue))
         return ExitUnreadable;
-    }
-    for (const Problem& problem : report.problems())
-        Console::error(QStringLiteral("%1: %2").arg(report.path(), problem.line()));
-    if (report.chain().broken()) {
-        Console::error(
-            QStringLiteral("%1: the chain is broken, nothing exported").arg(report.path()));
+    if (CommandSupport::stopOnBrokenChain(report, QStringLiteral("exported")))
         return ExitUnreadable;
-    }
     QSet<quint16> missing = ids;
     std::ostringstream text;
     for (const BlockReport& block : report.blocks()) {

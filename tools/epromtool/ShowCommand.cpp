@@ -1,6 +1,7 @@
 // epromtool show IMAGE --id N: prints the blocks with that id, in their own form or as hex.
 #include "BlockCatalogue.h"
 #include "CommandLine.h"
+#include "CommandSupport.h"
 #include "Commands.h"
 #include "Console.h"
 #include "ExitCode.h"
@@ -33,16 +34,13 @@ int runShow(const QStringList& arguments) {
 
     auto catalogue = makeBlockCatalogue();
     ImageReport report;
-    if (!report.load(line.argument(0), *catalogue)) {
-        Console::error(report.readError());
+    if (!CommandSupport::load(report, line.argument(0), *catalogue))
         return ExitUnreadable;
-    }
     QVector<BlockReport> chosen;
     for (const BlockReport& block : report.blocks())
         if (block.entry.id == id)
             chosen.append(block);
-    for (const Problem& problem : report.chain().chainProblems)
-        Console::error(QStringLiteral("%1: %2").arg(report.path(), problem.line()));
+    CommandSupport::complain(report, report.chain().chainProblems);
     if (chosen.isEmpty()) {
         Console::error(QStringLiteral("%1: no block with id %2").arg(report.path()).arg(id));
         return ExitUnreadable;
