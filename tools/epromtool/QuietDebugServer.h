@@ -1,0 +1,23 @@
+// A debug server that keeps the library's debug lines and message boxes off the tool's output:
+// the tool reports what it finds itself.
+#pragma once
+
+#include <IDebugServer.h>
+
+namespace epromtool {
+
+class QuietDebugServer : public Tupsim::IDebugServer {
+public:
+    void initDebug() override {}
+    void exitDebug() override {}
+    bool isActive(int, int, int) override { return false; }
+    void println(int, int, const QString&, int, int, const char*, int) override {}
+    void setClippingLevel(int, int) override {}
+    void enableMessageClassType(int, int) override {}
+    void setMessageLevelDescriptions(int, int, const char* const*) override {}
+    void setMessageClassDescriptions(int, int, const char* const*) override {}
+    int debugMessageBox(const char*, const char*, bool, int, int, int, int) override { return 0; }
+    void logHistory(const char*, int, const char*, va_list) override {}
+};
+
+} // namespace epromtool

@@ -1,0 +1,28 @@
+// Reads calibration file sections back into blocks, in a child process: a malformed file may
+// make the library's reader end the process, and that must not end this one.
+#pragma once
+
+#include "BlockEntry.h"
+
+#include <QVector>
+
+namespace epromtool {
+
+class BlockCatalogue;
+
+class SectionImport {
+public:
+    struct Parsed {
+        int index = 0;     // position of the block in the chain
+        bool read = false; // the catalogue read the section
+        QByteArray image;  // the block as read, when read
+    };
+
+    // Parses the blocks at `indexes` from `calibrationText`; false when the reader did not
+    // finish, with `error` saying why.
+    static bool run(BlockCatalogue& catalogue, const QVector<BlockEntry>& blocks,
+                    const QVector<int>& indexes, const QByteArray& calibrationText,
+                    QVector<Parsed>& parsed, QString& error);
+};
+
+} // namespace epromtool
