@@ -36,6 +36,17 @@ public:
     void setServiceCode(unsigned char index, unsigned short code);
     void setAction(unsigned char index, unsigned short action);
     void setCircularNr(unsigned char index, unsigned short circularNr);
+
+protected:
+    // For a list kind of the same layout: its name in the text form and its rejection text.
+    HwDatablockModification(const char* listName, const char* rejectText);
+    // setBlock and swapBlock over a record of this layout given by pointer.
+    int importRecord(const void* record);
+    void copyRecord(const void* record, bool keepAlignment);
+
+private:
+    const char* listName;
+    const char* rejectText;
 };
 
 } // namespace Tupsim

@@ -1,9 +1,7 @@
-// List of the modifications applied to a module, second kind: ten service codes.
+// List of the modifications applied to a module, second kind: the same ten service codes.
 #pragma once
 
-#include "HwDatablock.h"
-
-#include <QtGlobal>
+#include "HwDatablockModification.h"
 
 namespace Tupsim {
 
@@ -12,11 +10,12 @@ struct HwSDatablockModification110 {
     quint16 blockSize;
     quint16 checksum;
     quint16 alignment;
-    quint16 serviceCode[10]; // bits 15..14 action, 13..0 circular number
+    quint16 serviceCode[10];
 };
 static_assert(sizeof(HwSDatablockModification110) == 28, "modification record is 28 bytes");
 
-class EPROMDATABLOCK_EXPORT HwDatablockModification110 : public HwDatablock {
+// Same layout and byte-order rule as the first kind; it prints as MODIFICATION_110.
+class EPROMDATABLOCK_EXPORT HwDatablockModification110 : public HwDatablockModification {
 public:
     // Built with block id 100, like the first kind: kept so on purpose.
     HwDatablockModification110();
@@ -26,17 +25,6 @@ public:
     int setBlock(const HwSDatablockModification110* record);
     // Copies a record through the setters without checking it; alignment becomes 0.
     void swapBlock(const HwSDatablockModification110* record);
-    // Byte-swaps the own image with this block's rule, whatever its length.
-    void swapOwnImage();
-    std::ostream& printToStream(std::ostream& out) override;
-
-    // Entries 0 to 9; a larger index reads 0 and is ignored by the setters.
-    unsigned short getServiceCode(unsigned char index);
-    unsigned short getAction(unsigned char index);
-    unsigned short getCircularNr(unsigned char index);
-    void setServiceCode(unsigned char index, unsigned short code);
-    void setAction(unsigned char index, unsigned short action);
-    void setCircularNr(unsigned char index, unsigned short circularNr);
 };
 
 } // namespace Tupsim

@@ -50,6 +50,16 @@ bool storeCounter(QByteArray& image, unsigned int index, quint32 value) {
     return store<quint32>(image, 8 + 4 * std::uint64_t{index}, value);
 }
 
+unsigned char* areaWithLength(QByteArray& image, int offset, int width, int lengthOffset,
+                              unsigned int* length) {
+    if (length != nullptr)
+        *length = bytes::getLE<quint32>(image, static_cast<std::uint64_t>(lengthOffset));
+    if (!bytes::fits(static_cast<std::uint64_t>(image.size()), static_cast<std::uint64_t>(offset),
+                     static_cast<std::uint64_t>(width)))
+        return nullptr;
+    return reinterpret_cast<unsigned char*>(image.data()) + offset;
+}
+
 void importHeader(HwDatablock& block, const QByteArray& record, unsigned short size,
                   unsigned short alignment) {
     block.setBlockSize(size);

@@ -53,6 +53,12 @@ quint32 counterAt(const QByteArray& image, unsigned int index);
 // Stores counter `index`; false (nothing written) beyond the image.
 bool storeCounter(QByteArray& image, unsigned int index, quint32 value);
 
+// A byte area of the image that has a length word: a pointer to its `width` bytes at
+// `offset` (nullptr when they do not fit the image), and the length word at `lengthOffset`
+// through `length` when that is given.
+unsigned char* areaWithLength(QByteArray& image, int offset, int width, int lengthOffset,
+                              unsigned int* length);
+
 // First steps of importing a record copy: the block size, the record's id and the given alignment,
 // each through its header setter.
 void importHeader(HwDatablock& block, const QByteArray& record, unsigned short size,

@@ -76,11 +76,7 @@ void HwDatablockCommonStatisticData::setCommonStatisticData(const unsigned char*
 }
 
 unsigned char* HwDatablockCommonStatisticData::getCommonStatisticData(unsigned int* length) {
-    if (length != nullptr)
-        *length = getCommonStatisticDataLength();
-    if (!bytes::fits(static_cast<std::uint64_t>(imageLength()), Data, MaxDataLength))
-        return nullptr;
-    return reinterpret_cast<unsigned char*>(image().data()) + Data;
+    return blockfields::areaWithLength(image(), Data, MaxDataLength, Length, length);
 }
 
 unsigned int HwDatablockCommonStatisticData::getCommonStatisticDataLength() {

@@ -51,11 +51,7 @@ void HwDatablockMbrdMac::setMac(const unsigned char* mac, unsigned int length) {
 }
 
 unsigned char* HwDatablockMbrdMac::getMac(unsigned int* length) {
-    if (length != nullptr)
-        *length = getMacLength();
-    if (!bytes::fits(static_cast<std::uint64_t>(imageLength()), MacOffset, MacWidth))
-        return nullptr;
-    return reinterpret_cast<unsigned char*>(image().data()) + MacOffset;
+    return blockfields::areaWithLength(image(), MacOffset, MacWidth, LengthOffset, length);
 }
 
 unsigned int HwDatablockMbrdMac::getMacLength() {

@@ -77,11 +77,7 @@ void HwDatablockMbrdTimeMonitoringData::setTimeMonitoringData(const unsigned cha
 }
 
 unsigned char* HwDatablockMbrdTimeMonitoringData::getTimeMonitoringData(unsigned int* length) {
-    if (length != nullptr)
-        *length = getTimeMonitoringDataLength();
-    if (!bytes::fits(static_cast<std::uint64_t>(imageLength()), Data, DataWidth))
-        return nullptr;
-    return reinterpret_cast<unsigned char*>(image().data()) + Data;
+    return blockfields::areaWithLength(image(), Data, DataWidth, Length, length);
 }
 
 unsigned int HwDatablockMbrdTimeMonitoringData::getTimeMonitoringDataLength() {

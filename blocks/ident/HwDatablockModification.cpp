@@ -2,13 +2,22 @@
 #include "HwDatablockModification.h"
 
 #include "blocks/ident/BlockFields.h"
-#include "blocks/ident/ModificationEntries.h"
 
 namespace Tupsim {
 
-using namespace modentries;
+namespace {
+enum : int { FirstEntry = 8, EntryCount = 10, ImageSize = 28 };
 
-HwDatablockModification::HwDatablockModification() : HwDatablock(false) {
+quint16 entryOf(const QByteArray& image, unsigned int index) {
+    return index < EntryCount ? bytes::getLE<quint16>(image, FirstEntry + 2 * index) : 0;
+}
+} // namespace
+
+HwDatablockModification::HwDatablockModification()
+    : HwDatablockModification("MODIFICATION_100", "   HwDatablockModification") {}
+
+HwDatablockModification::HwDatablockModification(const char* name, const char* text)
+    : HwDatablock(false), listName(name), rejectText(text) {
     image() = blockfields::freshImage(100, ImageSize);
 }
 
@@ -17,17 +26,30 @@ HwSDatablockModification* HwDatablockModification::getBlock() {
 }
 
 int HwDatablockModification::setBlock(const HwSDatablockModification* record) {
-    if (!blockfields::acceptRecord(*this, record, sizeof *record, "   HwDatablockModification"))
-        return 1;
-    const QByteArray raw = blockfields::recordCopy(record, sizeof *record);
-    copyRecord(*this, image(), raw, bytes::getLE<quint16>(raw, 6));
-    return 0;
+    return importRecord(record);
 }
 
 void HwDatablockModification::swapBlock(const HwSDatablockModification* record) {
-    const QByteArray raw = blockfields::recordCopy(record, sizeof *record);
-    if (!raw.isEmpty())
-        copyRecord(*this, image(), raw, 0);
+    copyRecord(record, false);
+}
+
+int HwDatablockModification::importRecord(const void* record) {
+    if (!blockfields::acceptRecord(*this, record, ImageSize, rejectText))
+        return 1;
+    copyRecord(record, true);
+    return 0;
+}
+
+void HwDatablockModification::copyRecord(const void* record, bool keepAlignment) {
+    const QByteArray raw = blockfields::recordCopy(record, ImageSize);
+    if (raw.isEmpty())
+        return;
+    blockfields::importHeader(*this, raw, ImageSize,
+                              keepAlignment ? bytes::getLE<quint16>(raw, 6) : 0);
+    // Entry by entry, each with its checksum refresh.
+    for (unsigned char i = 0; i < EntryCount; ++i)
+        setServiceCode(i, entryOf(raw, i));
+    blockfields::keepRecordChecksum(*this, raw);
 }
 
 void HwDatablockModification::swapOwnImage() {
@@ -35,32 +57,40 @@ void HwDatablockModification::swapOwnImage() {
 }
 
 std::ostream& HwDatablockModification::printToStream(std::ostream& out) {
-    print(out, image(), "MODIFICATION_100");
+    out << "# Das sind die Servicedaten Modification\n";
+    out << "ID:              " << listName << "\n";
+    for (unsigned int i = 0; i < EntryCount; ++i)
+        out << "SERVICECODE:     " << blockfields::format("%u", unsigned{entryOf(image(), i)})
+            << "\n";
+    out << "\n";
     return out;
 }
 
 unsigned short HwDatablockModification::getServiceCode(unsigned char index) {
-    return entry(image(), index);
+    return entryOf(image(), index);
 }
 
 unsigned short HwDatablockModification::getAction(unsigned char index) {
-    return entry(image(), index) >> 14;
+    return entryOf(image(), index) >> 14;
 }
 
 unsigned short HwDatablockModification::getCircularNr(unsigned char index) {
-    return entry(image(), index) & 0x3FFF;
+    return entryOf(image(), index) & 0x3FFF;
 }
 
 void HwDatablockModification::setServiceCode(unsigned char index, unsigned short code) {
-    storeEntry(*this, image(), index, code);
+    if (index < EntryCount && blockfields::store<quint16>(image(), FirstEntry + 2 * index, code))
+        refreshChecksum();
 }
 
 void HwDatablockModification::setAction(unsigned char index, unsigned short action) {
-    storeEntry(*this, image(), index, withAction(entry(image(), index), action));
+    const unsigned int word = entryOf(image(), index);
+    setServiceCode(index, static_cast<unsigned short>((word & 0x3FFFu) | ((action & 0x3u) << 14)));
 }
 
 void HwDatablockModification::setCircularNr(unsigned char index, unsigned short circularNr) {
-    storeEntry(*this, image(), index, withCircularNr(entry(image(), index), circularNr));
+    const unsigned int word = entryOf(image(), index);
+    setServiceCode(index, static_cast<unsigned short>((word & 0xC000u) | (circularNr & 0x3FFFu)));
 }
 
 } // namespace Tupsim

@@ -2,12 +2,14 @@
 #pragma once
 
 #include "support/Bytes.h"
+#include "support/Recorders.h"
 
 #include <HwDatablock.h>
 
 #include <QByteArray>
 #include <cstring>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <sstream>
 #include <string>
 
@@ -67,6 +69,13 @@ inline bool sumsToZero(const QByteArray& image) {
     const QByteArray stored = copy.mid(4, 2);
     sealChecksum(copy);
     return copy.mid(4, 2) == stored;
+}
+
+// Exactly one error was signalled so far: `code` with `text`.
+inline void expectRejected(const ServiceRecorders& services, int code, const char* text) {
+    ASSERT_EQ(services.errors.signalled.size(), 1u);
+    EXPECT_EQ(services.errors.signalled[0].first, code);
+    EXPECT_EQ(services.errors.signalled[0].second, QString::fromLatin1(text));
 }
 
 } // namespace test

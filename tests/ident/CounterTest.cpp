@@ -79,10 +79,7 @@ TEST(HwDatablockSAtt3OWLDCounter, InstanceIdImportAndTextWithoutEmptyLine) {
     const HwSDatablockSAtt3OWLDCounter bad = spoiled(record);
     EXPECT_EQ(first.setBlock(&bad), 1);
     EXPECT_EQ(first.getCounterValue(0), 99u);
-    ASSERT_EQ(services.errors.signalled.size(), 1u);
-    EXPECT_EQ(services.errors.signalled[0].first, 1040001);
-    EXPECT_EQ(services.errors.signalled[0].second,
-              QStringLiteral("   HwDatablockSAtt3OWLDCounter"));
+    expectRejected(services, 1040001, "   HwDatablockSAtt3OWLDCounter");
 }
 
 TEST(HwDatablockSAtt6OWLDCounter, InstanceIdImportAndTextWithoutEmptyLine) {
@@ -101,9 +98,7 @@ TEST(HwDatablockSAtt6OWLDCounter, InstanceIdImportAndTextWithoutEmptyLine) {
 
     const HwSDatablockSAtt6OWLDCounter bad = spoiled(record);
     EXPECT_EQ(second.setBlock(&bad), 1);
-    ASSERT_EQ(services.errors.signalled.size(), 1u);
-    EXPECT_EQ(services.errors.signalled[0].second,
-              QStringLiteral("   HwDatablockSAtt6OWLDCounter"));
+    expectRejected(services, 1040001, "   HwDatablockSAtt6OWLDCounter");
 }
 
 TEST(HwDatablockIpcUser10000, RightIdAndSizeAreAcceptedEvenWithABadChecksum) {
@@ -137,9 +132,7 @@ TEST(HwDatablockIpcUser10000, RightIdAndSizeAreAcceptedEvenWithABadChecksum) {
     EXPECT_EQ(partial.setBlock(&bad), 1);
     EXPECT_EQ(partial.getId(), 10001u);
     EXPECT_EQ(partial.setBlock(nullptr), 1);
-    ASSERT_EQ(services.errors.signalled.size(), 1u);
-    EXPECT_EQ(services.errors.signalled[0].first, 1040001);
-    EXPECT_EQ(services.errors.signalled[0].second, QStringLiteral("   HwDatablockIpcUser10000"));
+    expectRejected(services, 1040001, "   HwDatablockIpcUser10000");
 }
 
 TEST(HwDatablockIpcUser10040, DataRunsFromOffsetFour) {
@@ -161,6 +154,5 @@ TEST(HwDatablockIpcUser10040, DataRunsFromOffsetFour) {
     HwSDatablockIpcUser10040 wrong = record;
     wrong.blockSize = 92;
     EXPECT_EQ(block.setBlock(&wrong), 1);
-    ASSERT_EQ(services.errors.signalled.size(), 1u);
-    EXPECT_EQ(services.errors.signalled[0].second, QStringLiteral("   HwDatablockIpcUser10040"));
+    expectRejected(services, 1040001, "   HwDatablockIpcUser10040");
 }

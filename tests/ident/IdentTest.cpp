@@ -118,9 +118,7 @@ TEST(HwDatablockIdent, SetBlockImportsAGoodRecordAndRefusesABadOne) {
     const HwSDatablockIdent bad = spoiled(recordOf<HwSDatablockIdent>(filledIdentImage(4)));
     EXPECT_EQ(other.setBlock(&bad), 1);
     EXPECT_EQ(other.getByteArrayData(), before);
-    ASSERT_EQ(services.errors.signalled.size(), 1u);
-    EXPECT_EQ(services.errors.signalled[0].first, 1040001);
-    EXPECT_EQ(services.errors.signalled[0].second, QStringLiteral("   HwDatablockIdent"));
+    expectRejected(services, 1040001, "   HwDatablockIdent");
 
     EXPECT_EQ(other.setBlock(nullptr), 1);
     EXPECT_EQ(services.errors.signalled.size(), 1u);
@@ -202,7 +200,5 @@ TEST(HwDatablockMiscIdent, IdComesFromTheConstructorAndNamesOnlyTwoIds) {
     const HwSDatablockMiscIdent bad = spoiled(record);
     EXPECT_EQ(other.setBlock(&bad), 1);
     EXPECT_EQ(other.getId(), 10505u);
-    ASSERT_EQ(services.errors.signalled.size(), 1u);
-    EXPECT_EQ(services.errors.signalled[0].first, 1040001);
-    EXPECT_EQ(services.errors.signalled[0].second, QStringLiteral("   HwDatablockMiscIdent"));
+    expectRejected(services, 1040001, "   HwDatablockMiscIdent");
 }

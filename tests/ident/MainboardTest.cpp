@@ -21,12 +21,6 @@ QByteArray headerThenFill(std::initializer_list<int> header, int total, char fil
     return image;
 }
 
-void expectRejected(const ServiceRecorders& services, int code, const char* text) {
-    ASSERT_EQ(services.errors.signalled.size(), 1u);
-    EXPECT_EQ(services.errors.signalled[0].first, code);
-    EXPECT_EQ(services.errors.signalled[0].second, QString::fromLatin1(text));
-}
-
 } // namespace
 
 TEST(HwDatablockMbrdModel, ModelIsWrittenUpTo31AndReadUpTo32Bytes) {

@@ -73,9 +73,7 @@ void checkImport(const std::vector<int>& entries, const char* rejectText, const 
     Block untouched;
     EXPECT_EQ(untouched.setBlock(&bad), 1);
     EXPECT_EQ(hex(untouched.getByteArrayData()), kFreshTenEntries);
-    ASSERT_EQ(services.errors.signalled.size(), 1u);
-    EXPECT_EQ(services.errors.signalled[0].first, 1040001);
-    EXPECT_EQ(services.errors.signalled[0].second, QString::fromLatin1(rejectText));
+    expectRejected(services, 1040001, rejectText);
 }
 
 } // namespace

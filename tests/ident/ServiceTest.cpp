@@ -89,9 +89,7 @@ TEST(HwDatablockServiceData, SettersTextFormAndImport) {
     const QByteArray before = untouched.getByteArrayData();
     EXPECT_EQ(untouched.setBlock(&bad), 1);
     EXPECT_EQ(untouched.getByteArrayData(), before);
-    ASSERT_EQ(services.errors.signalled.size(), 1u);
-    EXPECT_EQ(services.errors.signalled[0].first, 1040001);
-    EXPECT_EQ(services.errors.signalled[0].second, QStringLiteral("   HwDatablockServiceData"));
+    expectRejected(services, 1040001, "   HwDatablockServiceData");
 }
 
 TEST(HwDatablockStatistic, HoursTextFormAndImport) {
@@ -113,8 +111,7 @@ TEST(HwDatablockStatistic, HoursTextFormAndImport) {
     const HwSDatablockStatistic bad = spoiled(record);
     EXPECT_EQ(block.setBlock(&bad), 1);
     EXPECT_EQ(block.getOpHours(), 54321u);
-    ASSERT_EQ(services.errors.signalled.size(), 1u);
-    EXPECT_EQ(services.errors.signalled[0].second, QStringLiteral("   HwDatablockStatistic"));
+    expectRejected(services, 1040001, "   HwDatablockStatistic");
 }
 
 TEST(HwDatablockCommonStatisticData, DataIsCappedAndLeavesTheChecksum) {
