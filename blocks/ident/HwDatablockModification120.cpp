@@ -1,0 +1,82 @@
+// List of the modifications applied to a module, of any length.
+#include "HwDatablockModification120.h"
+
+#include "blocks/ident/BlockFields.h"
+
+namespace Tupsim {
+
+namespace {
+enum : int { HeaderSize = 8 };
+}
+
+HwDatablockModification120::HwDatablockModification120()
+    : HwDatablock(false), header{120, HeaderSize, 0, 0} {
+    image() = blockfields::freshImage(120, HeaderSize);
+}
+
+HwSDatablockModification120* HwDatablockModification120::getBlock() {
+    return blockfields::recordView<HwSDatablockModification120>(image());
+}
+
+int HwDatablockModification120::setBlock(const HwSDatablockModification120* record) {
+    if (record == nullptr)
+        return 1;
+    const QByteArray head = blockfields::recordCopy(record, sizeof *record);
+    const quint16 size = bytes::getLE<quint16>(head, 2);
+    if (size < HeaderSize) {
+        blockfields::signalRejected(1040001, "   HwDatablockModification120");
+        return 1;
+    }
+    if (!blockfields::acceptRecord(*this, record, size, "   HwDatablockModification120"))
+        return 1;
+    image() = blockfields::recordCopy(record, size);
+    reInterpretData();
+    return 0;
+}
+
+void HwDatablockModification120::swapBlock() {
+    QByteArray& data = image();
+    for (int offset = 0; offset + 2 <= HeaderSize; offset += 2)
+        blockfields::store<quint16>(data, offset, bytes::getLE<quint16>(data, offset));
+    for (int offset = HeaderSize; offset + 4 <= data.size(); offset += 4)
+        blockfields::store<quint32>(data, offset, bytes::getLE<quint32>(data, offset));
+    reInterpretData();
+}
+
+void HwDatablockModification120::swapOwnImage() {
+    swapBlock();
+}
+
+std::ostream& HwDatablockModification120::printToStream(std::ostream& out) {
+    reInterpretData();
+    out << "# Das sind die Servicedaten Modification120\n";
+    out << "ID:              MODIFICATION_120\n";
+    for (quint32 code : serviceCodes)
+        out << "SERVICECODE:     " << blockfields::format("%u", code) << "\n";
+    out << "\n";
+    return out;
+}
+
+unsigned int HwDatablockModification120::getNumberOfServiceCode() {
+    reInterpretData();
+    return static_cast<unsigned int>(serviceCodes.size());
+}
+
+unsigned int HwDatablockModification120::getServiceCode(unsigned int index) {
+    reInterpretData();
+    return index < serviceCodes.size() ? serviceCodes[index] : 0;
+}
+
+void HwDatablockModification120::reInterpretData() {
+    const QByteArray& data = image();
+    header.blockId = bytes::getLE<quint16>(data, 0);
+    header.blockSize = bytes::getLE<quint16>(data, 2);
+    header.checksum = bytes::getLE<quint16>(data, 4);
+    header.alignment = bytes::getLE<quint16>(data, 6);
+    serviceCodes.clear();
+    // Whole words only: a trailing partial word is ignored.
+    for (int offset = HeaderSize; offset + 4 <= data.size(); offset += 4)
+        serviceCodes.push_back(bytes::getLE<quint32>(data, offset));
+}
+
+} // namespace Tupsim

@@ -1,0 +1,31 @@
+// Text form and import shared by the two one-counter overload blocks of the step attenuators.
+#pragma once
+
+#include "HwDatablock.h"
+
+#include <QByteArray>
+#include <ostream>
+
+namespace Tupsim {
+namespace owldcounter {
+
+enum : int { ImageSize = 12 };
+
+// What tells the first counter block of an attenuator from the second.
+struct Texts {
+    unsigned int firstId;
+    const char* firstComment;
+    const char* otherComment;
+    const char* firstName;
+    const char* otherName;
+};
+
+// Comment, ID and COUNT_VALUE lines; unlike the other blocks no empty line follows.
+void print(std::ostream& out, HwDatablock& block, const QByteArray& image, const Texts& texts);
+
+// Imports a record copy: only the count (id and size stay as they are), with a checksum
+// refresh, then `alignment` when given (>= 0), and last the record's own checksum.
+void copyRecord(HwDatablock& block, QByteArray& image, const QByteArray& record, int alignment);
+
+} // namespace owldcounter
+} // namespace Tupsim

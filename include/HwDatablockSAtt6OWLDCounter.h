@@ -1,0 +1,38 @@
+// Overload counter of a SATT6 step attenuator; one block per attenuator instance.
+#pragma once
+
+#include "HwDatablock.h"
+
+#include <QtGlobal>
+
+namespace Tupsim {
+
+struct HwSDatablockSAtt6OWLDCounter {
+    quint16 blockId;
+    quint16 blockSize;
+    quint16 checksum;
+    quint16 alignment;
+    quint32 count;
+};
+static_assert(sizeof(HwSDatablockSAtt6OWLDCounter) == 12, "counter record is 12 bytes");
+
+class EPROMDATABLOCK_EXPORT HwDatablockSAtt6OWLDCounter : public HwDatablock {
+public:
+    // Block id 11203 plus the instance number.
+    explicit HwDatablockSAtt6OWLDCounter(unsigned short instance = 0);
+
+    HwSDatablockSAtt6OWLDCounter* getBlock();
+    // Imports the count of a verified record (id and size stay); 1 (error 1040001 signalled)
+    // when its checksum fails.
+    int setBlock(const HwSDatablockSAtt6OWLDCounter* record);
+    // Copies the count without checking the record; alignment becomes 0.
+    void swapBlock(const HwSDatablockSAtt6OWLDCounter* record);
+    // Ends without the empty line that follows the other blocks' text.
+    std::ostream& printToStream(std::ostream& out) override;
+
+    // The 32-bit word at 8 + 4 x index; only index 0 lies inside the block.
+    unsigned int getCounterValue(unsigned short index);
+    void setCounterValue(unsigned int value, unsigned short index);
+};
+
+} // namespace Tupsim

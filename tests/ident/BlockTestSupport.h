@@ -1,0 +1,82 @@
+// Helpers for the block tests: records from bytes, sealed checksums, printed text, golden files.
+#pragma once
+
+#include "support/Bytes.h"
+#include "support/Recorders.h"
+
+#include <HwDatablock.h>
+
+#include <QByteArray>
+#include <cstring>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <string>
+
+namespace Tupsim {
+namespace test {
+
+// The bytes of a record as they lie in memory.
+template <typename Record> QByteArray recordBytes(const Record& record) {
+    return QByteArray(reinterpret_cast<const char*>(&record), sizeof record);
+}
+
+// A record laid out from an image; missing bytes stay zero.
+template <typename Record> Record recordOf(const QByteArray& image) {
+    Record record;
+    std::memset(&record, 0, sizeof record);
+    std::memcpy(&record, image.constData(),
+                std::min<std::size_t>(sizeof record, static_cast<std::size_t>(image.size())));
+    return record;
+}
+
+// The record with a checksum that makes all its words sum to zero.
+template <typename Record> Record sealed(const Record& record) {
+    QByteArray image = recordBytes(record);
+    sealChecksum(image);
+    return recordOf<Record>(image);
+}
+
+// The record with its checksum made wrong.
+template <typename Record> Record spoiled(const Record& record) {
+    QByteArray image = recordBytes(sealed(record));
+    image[4] = static_cast<char>(image[4] ^ 0x01);
+    return recordOf<Record>(image);
+}
+
+inline std::string printed(HwDatablock& block) {
+    std::ostringstream out;
+    block.printToStream(out);
+    return out.str();
+}
+
+inline std::string golden(const std::string& name) {
+    std::ifstream in(std::string(EPROM_TEST_DATA_DIR) + "/ident/" + name, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+// Replaces the block's image without any check.
+inline void load(HwDatablock& block, const QByteArray& image) {
+    block.setDataWithoutChecksumCheck(reinterpret_cast<const unsigned char*>(image.constData()),
+                                      static_cast<unsigned int>(image.size()));
+}
+
+// True when the image's words sum to zero, computed here, not by the library.
+inline bool sumsToZero(const QByteArray& image) {
+    QByteArray copy = image;
+    const QByteArray stored = copy.mid(4, 2);
+    sealChecksum(copy);
+    return copy.mid(4, 2) == stored;
+}
+
+// Exactly one error was signalled so far: `code` with `text`.
+inline void expectRejected(const ServiceRecorders& services, int code, const char* text) {
+    ASSERT_EQ(services.errors.signalled.size(), 1u);
+    EXPECT_EQ(services.errors.signalled[0].first, code);
+    EXPECT_EQ(services.errors.signalled[0].second, QString::fromLatin1(text));
+}
+
+} // namespace test
+} // namespace Tupsim

@@ -1,0 +1,127 @@
+// End block and module-type table.
+#include "BlockTestSupport.h"
+#include "support/Recorders.h"
+
+#include <HwDatablockEnd.h>
+#include <HwModuleTypeTable.h>
+
+#include <gtest/gtest.h>
+
+using namespace Tupsim;
+using namespace Tupsim::test;
+
+TEST(HwDatablockEnd, ChecksumOperationsAnswerNeutrally) {
+    HwDatablockEnd block;
+    EXPECT_EQ(hex(block.getByteArrayData()), "ff ff 00 00");
+    EXPECT_EQ(block.getId(), 0xffffu);
+    EXPECT_EQ(block.getBlockSize(), 4);
+
+    load(block, bytesOf({0xff, 0xff, 0x12, 0x34, 0x56, 0x78}));
+    EXPECT_TRUE(block.verifyChecksum());
+    unsigned short words[3] = {1, 2, 3};
+    EXPECT_TRUE(block.verifyChecksum(words, 6, false));
+    EXPECT_EQ(block.computeChecksum(), 0);
+    EXPECT_EQ(block.computeChecksum(words, 6), 0);
+    EXPECT_EQ(block.getChecksum(), 0);
+    EXPECT_EQ(block.getBlockSize(), 6); // the array's length
+    block.setChecksum(0xabcd);
+    block.setAlignment(9); // through setChecksum, which ignores it
+    EXPECT_EQ(hex(block.getByteArrayData()), "ff ff 12 34 56 78");
+
+    load(block, bytesOf({0xff, 0xff}));
+    EXPECT_EQ(block.getBlockSize(), 0);
+    EXPECT_TRUE(block.verifyChecksum());
+    block.setEndBlockData(7);
+    EXPECT_EQ(hex(block.getByteArrayData()), "ff ff");
+}
+
+TEST(HwDatablockEnd, WordSettersImportAndTextForm) {
+    HwDatablockEnd block;
+    block.setEndBlockID(0x1234);
+    block.setEndBlockData(0xbeef);
+    EXPECT_EQ(hex(block.getByteArrayData()), "34 12 ef be");
+    block.setEndBlock();
+    EXPECT_EQ(hex(block.getByteArrayData()), "ff ff 00 00");
+
+    const HwSDatablockEnd record{0xfffe, 3};
+    EXPECT_EQ(block.setBlock(&record), 0);
+    EXPECT_EQ(hex(block.getByteArrayData()), "fe ff 03 00");
+    EXPECT_EQ(block.setBlock(nullptr), 1);
+    EXPECT_EQ(hex(block.getByteArrayData()), "fe ff 03 00");
+    ASSERT_NE(block.getBlock(), nullptr);
+    EXPECT_EQ(block.getBlock()->endData, 3);
+    EXPECT_EQ(printed(block), golden("end.txt"));
+}
+
+namespace {
+QByteArray rowBytes(const HwSModuleType& row) {
+    return recordBytes(row);
+}
+} // namespace
+
+TEST(HwModuleTypeTable, TerminatorRowIsExact) {
+    HwModuleTypeTable table;
+    ASSERT_EQ(table.rowCount(), 1);
+    QByteArray expected = bytesOf({190, 0, 0, 0});
+    expected.append(QByteArray("LAST") + QByteArray(28, 0));
+    expected.append(QByteArray("LAST         ") + QByteArray(1, 0));
+    expected.append(QByteArray("last") + QByteArray(30, 0));
+    ASSERT_EQ(expected.size(), 84);
+    EXPECT_EQ(hex(rowBytes(*table.row(0))), hex(expected));
+    EXPECT_EQ(table.findByCode(190), table.row(0));
+    EXPECT_EQ(table.findByCode(0), nullptr);
+    EXPECT_EQ(table.row(1), nullptr);
+    EXPECT_EQ(table.row(-1), nullptr);
+}
+
+TEST(HwModuleTypeTable, HostRowsGoBeforeTheTerminatorFirstCodeWins) {
+    HwModuleTypeTable table;
+    EXPECT_TRUE(table.addRow(0, "Board-a"));
+    EXPECT_TRUE(table.addRow(1, "board-with-a-very-long-name-beyond-every-field"));
+    EXPECT_TRUE(table.addRow(1, "board-c"));
+    EXPECT_FALSE(table.addRow(HwModuleTypeTable::terminator()));
+    ASSERT_EQ(table.rowCount(), 4);
+    EXPECT_TRUE(HwModuleTypeTable::isTerminator(*table.row(3)));
+
+    const HwSModuleType* first = table.findByCode(0);
+    ASSERT_NE(first, nullptr);
+    EXPECT_STREQ(first->name, "BOARD-A");
+    EXPECT_EQ(QByteArray(first->label, 14), QByteArray("BOARD-A      \0", 14));
+    EXPECT_STREQ(first->stem, "board-a");
+
+    const HwSModuleType* repeated = table.findByCode(1);
+    ASSERT_EQ(repeated, table.row(1));
+    EXPECT_EQ(QByteArray(repeated->name, 32), QByteArray("BOARD-WITH-A-VERY-LONG-NAME-BEY") + '\0');
+    EXPECT_EQ(QByteArray(repeated->label, 14), QByteArray("BOARD-WITH-A-") + '\0');
+    EXPECT_EQ(QByteArray(repeated->stem, 34),
+              QByteArray("board-with-a-very-long-name-beyond").left(33) + '\0');
+
+    while (table.rowCount() < HwModuleTypeTable::MaxRows)
+        ASSERT_TRUE(table.addRow(2, "filler"));
+    EXPECT_FALSE(table.addRow(3, "one-too-many"));
+    EXPECT_EQ(table.rowCount(), 192);
+    EXPECT_EQ(table.findByCode(3), nullptr);
+}
+
+TEST(HwModuleTypeTable, LoadedRowsStopAtTheirTerminator) {
+    QByteArray image = rowBytes(HwModuleTypeTable::makeRow(0x01020304, "ALPHA"));
+    image.append(rowBytes(HwModuleTypeTable::makeRow(7, "BETA")));
+    image.append(rowBytes(HwModuleTypeTable::terminator()));
+    image.append(rowBytes(HwModuleTypeTable::makeRow(8, "AFTER-THE-END")));
+    HwModuleTypeTable table;
+    EXPECT_EQ(table.loadRows(image), 2);
+    EXPECT_EQ(table.rowCount(), 3);
+    ASSERT_NE(table.findByCode(0x01020304), nullptr);
+    EXPECT_STREQ(table.findByCode(7)->stem, "beta");
+    EXPECT_EQ(table.findByCode(8), nullptr);
+
+    // A partial row and unterminated fields are handled without reading past them.
+    QByteArray raw(84 + 40, 'X');
+    raw[0] = 9;
+    raw[1] = raw[2] = raw[3] = 0;
+    HwModuleTypeTable other;
+    EXPECT_EQ(other.loadRows(raw), 1);
+    ASSERT_NE(other.findByCode(9), nullptr);
+    EXPECT_EQ(std::string(other.findByCode(9)->name), std::string(31, 'X'));
+    EXPECT_EQ(other.loadRows(QByteArray()), 0);
+}

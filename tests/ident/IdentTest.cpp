@@ -1,0 +1,204 @@
+// Identification and misc identification blocks: image layout, setters, import, text form.
+#include "BlockTestSupport.h"
+#include "support/Recorders.h"
+
+#include <HwDatablockIdent.h>
+#include <HwDatablockMiscIdent.h>
+
+#include <gtest/gtest.h>
+
+using namespace Tupsim;
+using namespace Tupsim::test;
+
+namespace {
+
+// The filled ident image, checksum sealed here.
+QByteArray filledIdentImage(int id = 2) {
+    QByteArray image = bytesOf({id,   0x00, 0x2c, 0x00, 0x00, 0x00, 0x00, 0x00, // header
+                                0x00, 0x20, 0x00, 0x00,                         // EEPROM size 8192
+                                0x4e, 0x61, 0xbc, 0x00,                         // part 12345678
+                                0x03, 0x11, 0x69, 0x00,                         // variant, hw, 105
+                                0x06, 0x12, 0x0f, 0x00,                         // serial 987654
+                                0xb1, 0x58, 0x07, 0x00, 0xb3, 0x04,             // date, read, test
+                                'S',  'M',  'B',  '-',  'B',  '1',  '0',  '6',  0, 0, 0, 0, 0, 0});
+    sealChecksum(image);
+    return image;
+}
+
+void fillThroughSetters(HwDatablockIdent& block) {
+    block.setEepromSize(8192);
+    block.setPartNumber(12345678);
+    block.setVariant(3);
+    block.setHardwareCode(17);
+    block.setProductIndex(105);
+    block.setSerialNumber(987654);
+    block.setProductDate((44 << 9) | (5 << 5) | 17); // 2024-05-17
+    block.setReadCode(7);
+    block.setTestInstruction(1203);
+    block.setName(QStringLiteral("SMB-B106"));
+}
+
+} // namespace
+
+TEST(HwDatablockIdent, FreshBlockIsIdTwoSizeFortyFourAndZero) {
+    HwDatablockIdent block;
+    QByteArray expected = bytesOf({0x02, 0x00, 0x2c, 0x00, 0x00, 0x00, 0x00, 0x00});
+    expected.append(QByteArray(36, '\0'));
+    EXPECT_EQ(hex(block.getByteArrayData()), hex(expected));
+    EXPECT_EQ(block.getName(), QString());
+    EXPECT_EQ(printed(block), golden("ident_fresh.txt"));
+    ASSERT_NE(block.getBlock(), nullptr);
+    EXPECT_EQ(block.getBlock()->blockSize, 44);
+}
+
+TEST(HwDatablockIdent, EverySetterStoresItsFieldAndKeepsTheChecksumValid) {
+    ServiceRecorders services;
+    HwDatablockIdent block;
+    fillThroughSetters(block);
+    EXPECT_EQ(hex(block.getByteArrayData()), hex(filledIdentImage()));
+    EXPECT_TRUE(block.verifyChecksum());
+    EXPECT_EQ(block.getEepromSize(), 8192u);
+    EXPECT_EQ(block.getPartNumber(), 12345678u);
+    EXPECT_EQ(block.getVariant(), 3);
+    EXPECT_EQ(block.getHardwareCode(), 17);
+    EXPECT_EQ(block.getProductIndex(), 105);
+    EXPECT_EQ(block.getSerialNumber(), 987654u);
+    EXPECT_EQ(block.getProductDate(), 0x58b1);
+    EXPECT_EQ(block.getReadCode(), 7);
+    EXPECT_EQ(block.getTestInstruction(), 1203);
+    EXPECT_EQ(block.getName(), QStringLiteral("SMB-B106"));
+    EXPECT_EQ(printed(block), golden("ident_filled.txt"));
+
+    // Each single setter leaves a consistent image behind.
+    block.setReadCode(0x1234);
+    EXPECT_TRUE(sumsToZero(block.getByteArrayData()));
+    EXPECT_EQ(hex(block.getByteArrayData().mid(26, 2)), "34 12");
+    block.setVariant(0xfe);
+    EXPECT_TRUE(sumsToZero(block.getByteArrayData()));
+}
+
+TEST(HwDatablockIdent, NameFillsFourteenBytesWithoutTerminatorAndIsCutThere) {
+    HwDatablockIdent block;
+    block.setName(QStringLiteral("ABCDEFGHIJKLMN"));
+    EXPECT_EQ(block.getByteArrayData().mid(30), QByteArray("ABCDEFGHIJKLMN"));
+    EXPECT_EQ(block.getName(), QStringLiteral("ABCDEFGHIJKLMN"));
+    block.setName(QStringLiteral("0123456789ABCDEFGH"));
+    EXPECT_EQ(block.getByteArrayData().mid(30), QByteArray("0123456789ABCD"));
+    EXPECT_EQ(block.getByteArrayData().size(), 44);
+    // A shorter name clears what a longer one left behind.
+    block.setName(QStringLiteral("XY"));
+    EXPECT_EQ(hex(block.getByteArrayData().mid(30)), "58 59 00 00 00 00 00 00 00 00 00 00 00 00");
+    EXPECT_EQ(block.getName(), QStringLiteral("XY"));
+    EXPECT_TRUE(sumsToZero(block.getByteArrayData()));
+}
+
+TEST(HwDatablockIdent, IdTenPrintsTwoBlanksAfterTheNameAndExtremeValuesFormat) {
+    ServiceRecorders services;
+    QByteArray image = bytesOf({10,   0,    44,   0,    0,    0,    4,    0,    0,    0,
+                                1,    0,    1,    0,    0,    0,    0,    255,  0x39, 0x30,
+                                0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff, 0xff});
+    image.append("ABCDEFGHIJKLMN");
+    HwDatablockIdent block;
+    const HwSDatablockIdent record = sealed(recordOf<HwSDatablockIdent>(image));
+    ASSERT_EQ(block.setBlock(&record), 0);
+    EXPECT_EQ(printed(block), golden("ident_id10.txt"));
+}
+
+TEST(HwDatablockIdent, SetBlockImportsAGoodRecordAndRefusesABadOne) {
+    ServiceRecorders services;
+    HwDatablockIdent block;
+    const HwSDatablockIdent good = recordOf<HwSDatablockIdent>(filledIdentImage(3));
+    EXPECT_EQ(block.setBlock(&good), 0);
+    EXPECT_EQ(block.getByteArrayData(), filledIdentImage(3));
+    EXPECT_TRUE(services.errors.signalled.empty());
+
+    HwDatablockIdent other;
+    fillThroughSetters(other);
+    const QByteArray before = other.getByteArrayData();
+    const HwSDatablockIdent bad = spoiled(recordOf<HwSDatablockIdent>(filledIdentImage(4)));
+    EXPECT_EQ(other.setBlock(&bad), 1);
+    EXPECT_EQ(other.getByteArrayData(), before);
+    expectRejected(services, 1040001, "   HwDatablockIdent");
+
+    EXPECT_EQ(other.setBlock(nullptr), 1);
+    EXPECT_EQ(services.errors.signalled.size(), 1u);
+}
+
+TEST(HwDatablockIdent, SetBlockFixesTheSizeWhileSwapBlockTakesTheRecords) {
+    ServiceRecorders services;
+    QByteArray image = filledIdentImage();
+    image[2] = 40; // a size word that disagrees with the layout
+    sealChecksum(image);
+    const HwSDatablockIdent record = recordOf<HwSDatablockIdent>(image);
+
+    HwDatablockIdent imported;
+    ASSERT_EQ(imported.setBlock(&record), 0);
+    EXPECT_EQ(imported.getBlockSize(), 44);
+    EXPECT_EQ(imported.getChecksum(), record.checksum); // the record's word, not a new one
+    EXPECT_FALSE(sumsToZero(imported.getByteArrayData()));
+
+    HwDatablockIdent swapped;
+    HwSDatablockIdent unchecked = record;
+    unchecked.checksum = 0xbeef; // not checked at all
+    swapped.swapBlock(&unchecked);
+    EXPECT_EQ(swapped.getBlockSize(), 40);
+    EXPECT_EQ(swapped.getChecksum(), 0xbeef);
+    EXPECT_EQ(swapped.getSerialNumber(), 987654u);
+}
+
+TEST(HwDatablockIdent, ShortImagesReadZeroAndSwapInPlaceSafely) {
+    ServiceRecorders services;
+    HwDatablockIdent block;
+    const QByteArray full = filledIdentImage();
+    load(block, full.left(21));
+    EXPECT_EQ(block.getProductIndex(), 105);
+    EXPECT_EQ(block.getSerialNumber(), 0u);
+    EXPECT_EQ(block.getName(), QString());
+    EXPECT_EQ(block.getBlock(), nullptr);
+    block.setSerialNumber(5);
+    block.setName(QStringLiteral("X"));
+    EXPECT_EQ(block.getByteArrayData(), full.left(21));
+
+    // The in-place swap keeps the length and, on this host, every byte.
+    block.swapOwnImage();
+    EXPECT_EQ(block.getByteArrayData(), full.left(21));
+    load(block, full);
+    block.setDataFormatTyp(HwDataFormatConverted);
+    block.swapOwnImage();
+    EXPECT_EQ(block.getByteArrayData(), full);
+    EXPECT_EQ(block.getDataFormatTyp(), HwDataFormatConverted);
+    load(block, QByteArray());
+    block.swapOwnImage();
+    EXPECT_TRUE(block.getByteArrayData().isEmpty());
+    EXPECT_EQ(printed(block).substr(0, 24), "# Das sind die Kopfdaten");
+}
+
+TEST(HwDatablockMiscIdent, IdComesFromTheConstructorAndNamesOnlyTwoIds) {
+    ServiceRecorders services;
+    HwDatablockMiscIdent aux(VARIANT_STREAM_AUX_IDENT);
+    EXPECT_EQ(aux.getMiscBlockId(), VARIANT_STREAM_AUX_IDENT);
+    QByteArray expected = bytesOf({0x08, 0x29, 0x2c, 0x00, 0, 0, 0, 0});
+    expected.append(QByteArray(36, '\0'));
+    EXPECT_EQ(aux.getByteArrayData(), expected);
+    EXPECT_EQ(printed(aux).substr(0, 31), "ID:           STREAM_AUX_IDENT\n");
+
+    HwDatablockMiscIdent other(static_cast<HwEVariantEepromDatablock>(10505));
+    EXPECT_EQ(other.getId(), 10505u);
+    EXPECT_EQ(printed(other), golden("miscident_other.txt"));
+
+    QByteArray image =
+        bytesOf({0x07, 0x29, 44, 0,   0, 0,    0,    0,    0,    0,    0,    0, 0x43, 0x74, 0xd7,
+                 0x00, 2,    9,  201, 0, 0xb7, 0x86, 0x01, 0x00, 0x81, 0x3f, 3, 0,    100,  0});
+    image.append(QByteArray("STREAM OPT\0\0\0\0", 14));
+    HwDatablockMiscIdent opt;
+    const HwSDatablockMiscIdent record = sealed(recordOf<HwSDatablockMiscIdent>(image));
+    ASSERT_EQ(opt.setBlock(&record), 0);
+    EXPECT_EQ(opt.getPartNumber(), 14120003u);
+    EXPECT_EQ(opt.getName(), QStringLiteral("STREAM OPT"));
+    EXPECT_EQ(printed(opt), golden("miscident_opt.txt"));
+
+    const HwSDatablockMiscIdent bad = spoiled(record);
+    EXPECT_EQ(other.setBlock(&bad), 1);
+    EXPECT_EQ(other.getId(), 10505u);
+    expectRejected(services, 1040001, "   HwDatablockMiscIdent");
+}

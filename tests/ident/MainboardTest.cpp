@@ -1,0 +1,253 @@
+// Mainboard model, serial number, MAC and time-monitoring blocks, and the VCO ident block.
+#include "BlockTestSupport.h"
+#include "support/Recorders.h"
+
+#include <HwDatablockCwop6VcoIdent.h>
+#include <HwDatablockMbrdMac.h>
+#include <HwDatablockMbrdModel.h>
+#include <HwDatablockMbrdSerialNumber.h>
+#include <HwDatablockMbrdTimeMonitoringData.h>
+
+#include <gtest/gtest.h>
+
+using namespace Tupsim;
+using namespace Tupsim::test;
+
+namespace {
+
+QByteArray headerThenFill(std::initializer_list<int> header, int total, char fill) {
+    QByteArray image = bytesOf(header);
+    image.append(QByteArray(total - image.size(), fill));
+    return image;
+}
+
+} // namespace
+
+TEST(HwDatablockMbrdModel, ModelIsWrittenUpTo31AndReadUpTo32Bytes) {
+    ServiceRecorders services;
+    HwDatablockMbrdModel block;
+    EXPECT_EQ(block.getByteArrayData(), headerThenFill({0xe1, 0x2e, 0x28, 0, 0, 0, 0, 0}, 40, 0));
+
+    block.setModel(QStringLiteral("SGX-4000 Generator"));
+    EXPECT_EQ(block.getByteArrayData().mid(8, 19), QByteArray("SGX-4000 Generator\0", 19));
+    EXPECT_TRUE(sumsToZero(block.getByteArrayData()));
+    EXPECT_EQ(block.getModel(), QStringLiteral("SGX-4000 Generator"));
+    EXPECT_EQ(printed(block), golden("model.txt"));
+
+    // The last byte of the field is never written but is read.
+    QByteArray image = block.getByteArrayData();
+    image[39] = 'Z';
+    load(block, image);
+    block.setModel(QString(40, QLatin1Char('m')));
+    EXPECT_EQ(block.getByteArrayData().mid(8), QByteArray(31, 'm') + "Z");
+    EXPECT_EQ(block.getModel(), QString(31, QLatin1Char('m')) + "Z");
+    EXPECT_TRUE(sumsToZero(block.getByteArrayData()));
+}
+
+TEST(HwDatablockMbrdModel, SetBlockImportsAGoodRecordAndRefusesABadOne) {
+    ServiceRecorders services;
+    HwSDatablockMbrdModel record{};
+    record.blockId = 12001;
+    record.blockSize = 40;
+    std::memcpy(record.model, "SGX-4000 Generator", 18);
+    record = sealed(record);
+    HwDatablockMbrdModel block;
+    EXPECT_EQ(block.setBlock(&record), 0);
+    EXPECT_EQ(block.getByteArrayData(), recordBytes(record));
+
+    HwDatablockMbrdModel other;
+    const HwSDatablockMbrdModel bad = spoiled(record);
+    EXPECT_EQ(other.setBlock(&bad), 1);
+    EXPECT_EQ(other.getModel(), QString());
+    expectRejected(services, 1040001, "   HwDatablockMbrdModel");
+}
+
+TEST(HwDatablockMbrdSerialNumber, AlignmentIsAlwaysZeroAndTheRecordChecksumIsKept) {
+    ServiceRecorders services;
+    HwDatablockMbrdSerialNumber block;
+    EXPECT_EQ(hex(block.getByteArrayData()), "e0 2e 0c 00 00 00 00 00 00 00 00 00");
+    block.setSerialNumber(102030);
+    QByteArray expected = bytesOf({0xe0, 0x2e, 0x0c, 0, 0, 0, 0, 0, 0x8e, 0x8e, 0x01, 0x00});
+    sealChecksum(expected);
+    EXPECT_EQ(hex(block.getByteArrayData()), hex(expected));
+    EXPECT_EQ(printed(block), golden("serial.txt"));
+
+    HwSDatablockMbrdSerialNumber record{12000, 12, 0, 4, 77};
+    record = sealed(record);
+    HwDatablockMbrdSerialNumber imported;
+    ASSERT_EQ(imported.setBlock(&record), 0);
+    EXPECT_EQ(imported.getSerialNumber(), 77u);
+    EXPECT_EQ(imported.getAlignment(), 0);
+    EXPECT_EQ(imported.getChecksum(), record.checksum);
+
+    const HwSDatablockMbrdSerialNumber bad = spoiled(record);
+    EXPECT_EQ(block.setBlock(&bad), 1);
+    EXPECT_EQ(block.getSerialNumber(), 102030u);
+    expectRejected(services, 1040001, "   HwSDatablockMbrdSerialNumber");
+}
+
+TEST(HwDatablockMbrdMac, SetMacFillsWithFfAndLeavesTheChecksum) {
+    HwDatablockMbrdMac block;
+    EXPECT_EQ(block.getByteArrayData(),
+              headerThenFill({0xe4, 0x2e, 0x00, 0x01, 0, 0, 0, 0, 0, 0, 0, 0}, 256, '\xff'));
+    EXPECT_EQ(block.getMacLength(), 0u);
+
+    const unsigned char mac[6] = {0x00, 0x90, 0xb8, 0x01, 0x02, 0x03};
+    block.setMac(mac, 6);
+    EXPECT_EQ(hex(block.getByteArrayData().mid(4, 24)),
+              "00 00 00 00 06 00 00 00 00 90 b8 01 02 03 ff ff ff ff ff ff ff ff ff ff");
+    unsigned int length = 0;
+    const unsigned char* stored = block.getMac(&length);
+    ASSERT_NE(stored, nullptr);
+    EXPECT_EQ(length, 6u);
+    EXPECT_EQ(std::memcmp(stored, mac, 6), 0);
+    EXPECT_EQ(block.getMac(nullptr), stored);
+
+    // More than the field holds: the length is stored, only 16 bytes are copied.
+    unsigned char many[20];
+    for (int i = 0; i < 20; ++i)
+        many[i] = static_cast<unsigned char>(i);
+    block.setMac(many, 20);
+    EXPECT_EQ(block.getMacLength(), 20u);
+    EXPECT_EQ(block.getByteArrayData().mid(12, 16), QByteArray(reinterpret_cast<char*>(many), 16));
+    EXPECT_EQ(block.getByteArrayData().mid(28), QByteArray(228, '\xff'));
+    EXPECT_EQ(printed(block), "");
+}
+
+TEST(HwDatablockMbrdMac, SetBlockChecksIdAndSizeAndForcesLengthSixteen) {
+    ServiceRecorders services;
+    HwSDatablockMbrdMac record;
+    std::memset(&record, 0xff, sizeof record);
+    record.blockId = 12004;
+    record.blockSize = 256;
+    record.alignment = 0;
+    record.macLength = 6;
+    const unsigned char mac[6] = {1, 2, 3, 4, 5, 6};
+    std::memcpy(record.mac, mac, 6);
+    record = sealed(record);
+
+    HwDatablockMbrdMac block;
+    EXPECT_EQ(block.setBlock(&record), 0);
+    EXPECT_EQ(block.getMacLength(), 16u);
+    EXPECT_EQ(block.getChecksum(), record.checksum);
+    EXPECT_EQ(hex(block.getByteArrayData().mid(12, 8)), "01 02 03 04 05 06 ff ff");
+    EXPECT_TRUE(services.errors.signalled.empty());
+
+    HwSDatablockMbrdMac wrongId = record;
+    wrongId.blockId = 12005;
+    wrongId = sealed(wrongId);
+    HwDatablockMbrdMac other;
+    const QByteArray before = other.getByteArrayData();
+    EXPECT_EQ(other.setBlock(&wrongId), 1040000);
+    EXPECT_EQ(other.getByteArrayData(), before);
+    expectRejected(services, 1040000, "   HwSDatablockMbrdMac");
+
+    HwSDatablockMbrdMac wrongSize = record;
+    wrongSize.blockSize = 254;
+    wrongSize = sealed(wrongSize);
+    EXPECT_EQ(other.setBlock(&wrongSize), 1040000);
+    const HwSDatablockMbrdMac bad = spoiled(record);
+    EXPECT_EQ(other.setBlock(&bad), 1040000);
+    EXPECT_EQ(services.errors.signalled.size(), 3u);
+    EXPECT_EQ(other.setBlock(nullptr), 1040000);
+    EXPECT_EQ(services.errors.signalled.size(), 3u);
+    EXPECT_EQ(other.getByteArrayData(), before);
+}
+
+TEST(HwDatablockMbrdTimeMonitoringData, DateAndDataSetters) {
+    HwDatablockMbrdTimeMonitoringData block;
+    QByteArray fresh = headerThenFill({0xe8, 0x2e, 0xac, 0, 0, 0, 0, 0}, 44, 0);
+    fresh.append(QByteArray(128, '\xff'));
+    EXPECT_EQ(block.getByteArrayData(), fresh);
+
+    block.setDate("2024-05-17 10:00");
+    EXPECT_EQ(block.getByteArrayData().mid(8, 32),
+              QByteArray("2024-05-17 10:00") + QByteArray(16, 0));
+    EXPECT_EQ(block.getDate(), QStringLiteral("2024-05-17 10:00"));
+    EXPECT_TRUE(sumsToZero(block.getByteArrayData()));
+    block.setDate("short");
+    EXPECT_EQ(block.getByteArrayData().mid(8, 32), QByteArray("short") + QByteArray(27, 0));
+    const QByteArray thirtyTwo(32, 'x');
+    block.setDate(thirtyTwo.constData()); // too long: nothing changes
+    EXPECT_EQ(block.getDate(), QStringLiteral("short"));
+    block.setDate(QByteArray(31, 'y').constData());
+    EXPECT_EQ(block.getByteArrayData().mid(8, 32), QByteArray(31, 'y') + QByteArray(1, 0));
+
+    const unsigned char data[3] = {0x10, 0x20, 0x30};
+    block.setTimeMonitoringData(data, 3);
+    unsigned int length = 0;
+    const unsigned char* stored = block.getTimeMonitoringData(&length);
+    EXPECT_EQ(length, 3u);
+    EXPECT_EQ(block.getTimeMonitoringDataLength(), 3u);
+    ASSERT_NE(stored, nullptr);
+    EXPECT_EQ(block.getByteArrayData().mid(44),
+              bytesOf({0x10, 0x20, 0x30}) + QByteArray(125, '\xff'));
+    EXPECT_EQ(printed(block), "");
+}
+
+TEST(HwDatablockMbrdTimeMonitoringData, SetBlockChecksIdAndSize) {
+    ServiceRecorders services;
+    HwSDatablockMbrdTimeMonitoringDataEx record;
+    std::memset(&record, 0xff, sizeof record);
+    record.blockId = 12008;
+    record.blockSize = 172;
+    record.alignment = 0;
+    std::memset(record.date, 0, sizeof record.date);
+    std::memcpy(record.date, "2023-01-02", 10);
+    record.length = 2;
+    record.data[0] = 0xaa;
+    record.data[1] = 0xbb;
+    record = sealed(record);
+    HwDatablockMbrdTimeMonitoringData block;
+    EXPECT_EQ(block.setBlock(&record), 0);
+    EXPECT_EQ(block.getByteArrayData(), recordBytes(record));
+
+    // A date field without its NUL is left as it was.
+    HwSDatablockMbrdTimeMonitoringDataEx fullDate = record;
+    std::memset(fullDate.date, 'q', sizeof fullDate.date);
+    fullDate = sealed(fullDate);
+    EXPECT_EQ(block.setBlock(&fullDate), 0);
+    EXPECT_EQ(block.getDate(), QStringLiteral("2023-01-02"));
+
+    HwSDatablockMbrdTimeMonitoringDataEx wrongId = record;
+    wrongId.blockId = 12004;
+    wrongId = sealed(wrongId);
+    HwDatablockMbrdTimeMonitoringData other;
+    const QByteArray before = other.getByteArrayData();
+    EXPECT_EQ(other.setBlock(&wrongId), 1040000);
+    EXPECT_EQ(other.getByteArrayData(), before);
+    expectRejected(services, 1040000, "   HwSDatablockMbrdTimeMonitoringData");
+}
+
+TEST(HwDatablockCwop6VcoIdent, SettersLayoutAndTextForm) {
+    ServiceRecorders services;
+    HwDatablockCwop6VcoIdent block;
+    EXPECT_EQ(block.getByteArrayData(), headerThenFill({0x06, 0x29, 0x1c, 0, 0, 0, 0, 0}, 28, 0));
+    block.setJobNumber(70000);
+    block.setSerialNumber(1);
+    block.setLotNumber(2);
+    block.setTaz(3);
+    block.setOsc3Subh(4);
+    block.setOsc3Subl(5);
+    block.setOsc2Subh(6);
+    block.setOsc2Subl(7);
+    block.setOsc1Subh(0xffff);
+    QByteArray expected =
+        bytesOf({0x06, 0x29, 0x1c, 0, 0, 0, 0, 0, 0x70, 0x11, 0x01, 0x00, 1,    0,
+                 2,    0,    3,    0, 4, 0, 5, 0, 6,    0,    7,    0,    0xff, 0xff});
+    sealChecksum(expected);
+    EXPECT_EQ(hex(block.getByteArrayData()), hex(expected));
+    EXPECT_EQ(block.getJobNumber(), 70000u);
+    EXPECT_EQ(block.getTaz(), 3);
+    EXPECT_EQ(block.getOsc2Subl(), 7);
+    EXPECT_EQ(block.getOsc1Subh(), 0xffff);
+    EXPECT_EQ(printed(block), golden("vco.txt"));
+
+    const HwSDatablockCwop6VcoIdent record = recordOf<HwSDatablockCwop6VcoIdent>(expected);
+    HwDatablockCwop6VcoIdent imported;
+    EXPECT_EQ(imported.setBlock(&record), 0);
+    EXPECT_EQ(imported.getByteArrayData(), expected);
+    const HwSDatablockCwop6VcoIdent bad = spoiled(record);
+    EXPECT_EQ(imported.setBlock(&bad), 1);
+    expectRejected(services, 1040001, "   HwDatablockCwop6VcoIdent");
+}

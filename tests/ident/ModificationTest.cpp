@@ -1,0 +1,148 @@
+// Modification lists: the two ten-entry kinds and the variable-length kind.
+#include "BlockTestSupport.h"
+#include "support/Recorders.h"
+
+#include <HwDatablockModification.h>
+#include <HwDatablockModification110.h>
+#include <HwDatablockModification120.h>
+
+#include <gtest/gtest.h>
+
+using namespace Tupsim;
+using namespace Tupsim::test;
+
+namespace {
+
+const char* const kFreshTenEntries =
+    "64 00 1c 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00";
+
+// Both ten-entry kinds share the entry access; run the same checks on each.
+template <typename Block> void checkEntryAccess() {
+    Block block;
+    EXPECT_EQ(hex(block.getByteArrayData()), kFreshTenEntries); // id 100 for both kinds
+    block.setServiceCode(0, 0x8123);
+    EXPECT_EQ(block.getAction(0), 2);
+    EXPECT_EQ(block.getCircularNr(0), 0x123);
+    block.setAction(0, 1);
+    EXPECT_EQ(block.getServiceCode(0), 0x4123);
+    block.setAction(0, 6); // two bits only
+    EXPECT_EQ(block.getServiceCode(0), 0x8123);
+    block.setCircularNr(0, 0xffff);
+    EXPECT_EQ(block.getServiceCode(0), 0xbfff);
+    block.setServiceCode(9, 0x0102);
+    EXPECT_EQ(hex(block.getByteArrayData().mid(8, 2)), "ff bf");
+    EXPECT_EQ(hex(block.getByteArrayData().mid(26, 2)), "02 01");
+    EXPECT_TRUE(sumsToZero(block.getByteArrayData()));
+
+    const QByteArray before = block.getByteArrayData();
+    block.setServiceCode(10, 1);
+    block.setAction(200, 1);
+    block.setCircularNr(10, 1);
+    EXPECT_EQ(block.getByteArrayData(), before);
+    EXPECT_EQ(block.getServiceCode(10), 0);
+    EXPECT_EQ(block.getAction(255), 0);
+    EXPECT_EQ(block.getCircularNr(10), 0);
+}
+
+template <typename Block, typename Record>
+void checkImport(const std::vector<int>& entries, const char* rejectText, const char* goldenFile) {
+    ServiceRecorders services;
+    Record record;
+    std::memset(&record, 0, sizeof record);
+    record.blockId = 110;
+    record.blockSize = 28;
+    record.alignment = 4;
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        record.serviceCode[i] = static_cast<quint16>(entries[i]);
+    record = sealed(record);
+
+    Block block;
+    ASSERT_EQ(block.setBlock(&record), 0);
+    EXPECT_EQ(block.getByteArrayData(), recordBytes(record)); // alignment kept
+    EXPECT_EQ(printed(block), golden(goldenFile));
+
+    Record unchecked = record;
+    unchecked.checksum = 0x5555;
+    Block swapped;
+    swapped.swapBlock(&unchecked);
+    EXPECT_EQ(swapped.getAlignment(), 0);
+    EXPECT_EQ(swapped.getChecksum(), 0x5555);
+    EXPECT_EQ(swapped.getByteArrayData().mid(8), block.getByteArrayData().mid(8));
+
+    const Record bad = spoiled(record);
+    Block untouched;
+    EXPECT_EQ(untouched.setBlock(&bad), 1);
+    EXPECT_EQ(hex(untouched.getByteArrayData()), kFreshTenEntries);
+    expectRejected(services, 1040001, rejectText);
+}
+
+} // namespace
+
+TEST(HwDatablockModification, EntryAccessAndImport) {
+    checkEntryAccess<HwDatablockModification>();
+    checkImport<HwDatablockModification, HwSDatablockModification>(
+        {33059, 16385, 65535, 0, 0, 0, 0, 0, 0, 5}, "   HwDatablockModification",
+        "modification.txt");
+}
+
+TEST(HwDatablockModification110, EntryAccessAndImport) {
+    checkEntryAccess<HwDatablockModification110>();
+    checkImport<HwDatablockModification110, HwSDatablockModification110>(
+        {1, 2, 3, 4, 5, 6, 7, 8, 9, 10}, "   HwDatablockModification110", "modification110.txt");
+}
+
+TEST(HwDatablockModification120, CodesAreWholeWordsUpToTheEndOfTheImage) {
+    HwDatablockModification120 block;
+    EXPECT_EQ(hex(block.getByteArrayData()), "78 00 08 00 00 00 00 00");
+    EXPECT_EQ(block.getNumberOfServiceCode(), 0u);
+
+    QByteArray image = bytesOf({0x78, 0,    21,   0,    0,    0, 0, 0, 0x78, 0x56, 0x34,
+                                0x12, 0xff, 0xff, 0xff, 0xff, 7, 0, 0, 0,    0xaa});
+    load(block, image);
+    EXPECT_EQ(block.getNumberOfServiceCode(), 3u);
+    EXPECT_EQ(block.getServiceCode(0), 0x12345678u);
+    EXPECT_EQ(block.getServiceCode(2), 7u);
+    EXPECT_EQ(block.getServiceCode(3), 0u);
+    EXPECT_EQ(printed(block), golden("modification120.txt"));
+
+    block.swapBlock();
+    EXPECT_EQ(block.getByteArrayData(), image);
+    EXPECT_EQ(block.getNumberOfServiceCode(), 3u);
+
+    load(block, image.left(11));
+    EXPECT_EQ(block.getNumberOfServiceCode(), 0u);
+    load(block, image.left(3));
+    block.swapOwnImage();
+    EXPECT_EQ(block.getByteArrayData(), image.left(3));
+    EXPECT_EQ(block.getNumberOfServiceCode(), 0u);
+}
+
+TEST(HwDatablockModification120, SetBlockTakesTheSizeWordsBytes) {
+    ServiceRecorders services;
+    QByteArray image = bytesOf({0x78, 0, 16, 0, 0, 0, 0, 0, 1, 0, 0, 0, 2, 0, 0, 0});
+    sealChecksum(image);
+    image.append("trailing bytes beyond the size word");
+    HwDatablockModification120 block;
+    const auto* record = reinterpret_cast<const HwSDatablockModification120*>(image.constData());
+    ASSERT_EQ(block.setBlock(record), 0);
+    EXPECT_EQ(block.getByteArrayData(), image.left(16));
+    EXPECT_EQ(block.getNumberOfServiceCode(), 2u);
+    EXPECT_EQ(block.getServiceCode(1), 2u);
+    EXPECT_TRUE(services.errors.signalled.empty());
+
+    QByteArray bad = image.left(16);
+    bad[8] = 9;
+    const QByteArray before = block.getByteArrayData();
+    EXPECT_EQ(block.setBlock(reinterpret_cast<const HwSDatablockModification120*>(bad.constData())),
+              1);
+    QByteArray tooShort = bytesOf({0x78, 0, 6, 0, 0, 0, 0, 0});
+    sealChecksum(tooShort);
+    EXPECT_EQ(
+        block.setBlock(reinterpret_cast<const HwSDatablockModification120*>(tooShort.constData())),
+        1);
+    EXPECT_EQ(block.setBlock(nullptr), 1);
+    EXPECT_EQ(block.getByteArrayData(), before);
+    ASSERT_EQ(services.errors.signalled.size(), 2u);
+    EXPECT_EQ(services.errors.signalled[1].first, 1040001);
+    EXPECT_EQ(services.errors.signalled[1].second, QStringLiteral("   HwDatablockModification120"));
+}

@@ -1,0 +1,178 @@
+// Service data, statistics and common statistic data blocks.
+#include "BlockTestSupport.h"
+#include "support/Recorders.h"
+
+#include <HwDatablockCommonStatisticData.h>
+#include <HwDatablockServiceData.h>
+#include <HwDatablockStatistic.h>
+
+#include <gtest/gtest.h>
+
+using namespace Tupsim;
+using namespace Tupsim::test;
+
+TEST(HwDatablockServiceData, FreshImageHasTheDepartmentZeros) {
+    HwDatablockServiceData block(VARIANT_SERVICE_203);
+    EXPECT_EQ(hex(block.getByteArrayData()),
+              "cb 00 18 00 00 00 00 00 30 30 30 30 30 30 00 00 00 00 00 00 00 00 00 00");
+    EXPECT_EQ(block.getServiceDataId(), 203u);
+    HwDatablockServiceData nameless;
+    EXPECT_EQ(nameless.getId(), 0u);
+    EXPECT_EQ(printed(nameless), golden("service_nameless.txt"));
+}
+
+TEST(HwDatablockServiceData, OperatingTimeFieldsShareOneWord) {
+    HwDatablockServiceData block(VARIANT_SERVICE_200);
+    block.setOpTimeTurnOn(5);
+    block.setOpTimeHours(300000); // wider than 18 bits
+    EXPECT_EQ(block.getOpTimeHours(), 37856u);
+    EXPECT_EQ(block.getOpTimeTurnOn(), 5u);
+    EXPECT_EQ(hex(block.getByteArrayData().mid(16, 4)), "e0 93 14 00");
+    EXPECT_TRUE(sumsToZero(block.getByteArrayData()));
+    block.setOpTimeTurnOn(1); // replaces the count, keeps the hours
+    EXPECT_EQ(block.getOpTime(), (1u << 18) | 37856u);
+    block.setOpTimeTurnOn(0x4003); // bits beyond 31 fall away
+    EXPECT_EQ(block.getOpTime(), (3u << 18) | 37856u);
+    block.setOpTime(0xffffffff);
+    EXPECT_EQ(block.getOpTimeHours(), 0x3ffffu);
+    EXPECT_EQ(block.getOpTimeTurnOn(), 0x3fffu);
+}
+
+TEST(HwDatablockServiceData, DateSettersActOnTheOperatingTimeWord) {
+    HwDatablockServiceData block(VARIANT_SERVICE_200);
+    block.setServiceDate(0x58b1); // 2024-05-17 at offset 14
+    block.setOpTime(0xffff0000);
+    block.setServiceDateDay(5);
+    EXPECT_EQ(block.getOpTime(), 0xffff0005u);
+    EXPECT_EQ(block.getServiceDateDay(), 17u);
+    block.setServiceDateMonth(0x1c); // masked to 4 bits
+    EXPECT_EQ(block.getOpTime(), 0xffff0185u);
+    block.setServiceDateYear(2024);
+    EXPECT_EQ(block.getOpTime(), 0xffff5985u);
+    block.setServiceDateYear(1980 + 200); // masked to bits 15..9
+    EXPECT_EQ(block.getOpTime(), 0xffff9185u);
+    EXPECT_EQ(block.getServiceDateYear(), 2024u);
+    EXPECT_EQ(block.getServiceDateMonth(), 5u);
+    EXPECT_EQ(hex(block.getByteArrayData().mid(14, 2)), "b1 58");
+    EXPECT_TRUE(sumsToZero(block.getByteArrayData()));
+}
+
+TEST(HwDatablockServiceData, SettersTextFormAndImport) {
+    ServiceRecorders services;
+    HwDatablockServiceData block(VARIANT_SERVICE_205);
+    block.setDepartment("D12345XYZ"); // exactly six bytes
+    block.setServiceDate(0x58b1);
+    block.setOpTimeHours(123456);
+    block.setRepairNumber(42);
+    block.setServiceCode(7);
+    QByteArray expected =
+        bytesOf({0xcd, 0,   0x18, 0,    0,    0,    0,    0,    'D', '1', '2', '3',
+                 '4',  '5', 0xb1, 0x58, 0x40, 0xe2, 0x01, 0x00, 42,  0,   7,   0});
+    sealChecksum(expected);
+    EXPECT_EQ(hex(block.getByteArrayData()), hex(expected));
+    EXPECT_EQ(std::string(block.getDepartment(), 6), "D12345");
+    EXPECT_EQ(printed(block), golden("service.txt"));
+
+    QByteArray withAlignment = expected;
+    withAlignment[6] = 4;
+    sealChecksum(withAlignment);
+    const HwSDatablockServiceData record = recordOf<HwSDatablockServiceData>(withAlignment);
+    HwDatablockServiceData imported;
+    ASSERT_EQ(imported.setBlock(&record), 0);
+    EXPECT_EQ(imported.getId(), 205u);
+    EXPECT_EQ(imported.getAlignment(), 0);
+    EXPECT_EQ(imported.getChecksum(), record.checksum);
+    EXPECT_EQ(imported.getByteArrayData().mid(8), expected.mid(8));
+
+    const HwSDatablockServiceData bad = spoiled(record);
+    HwDatablockServiceData untouched(VARIANT_SERVICE_201);
+    const QByteArray before = untouched.getByteArrayData();
+    EXPECT_EQ(untouched.setBlock(&bad), 1);
+    EXPECT_EQ(untouched.getByteArrayData(), before);
+    expectRejected(services, 1040001, "   HwDatablockServiceData");
+}
+
+TEST(HwDatablockStatistic, HoursTextFormAndImport) {
+    ServiceRecorders services;
+    HwDatablockStatistic block;
+    EXPECT_EQ(hex(block.getByteArrayData()), "2c 01 0c 00 00 00 00 00 00 00 00 00");
+    block.setOpHours(54321);
+    QByteArray expected = bytesOf({0x2c, 0x01, 0x0c, 0, 0, 0, 0, 0, 0x31, 0xd4, 0, 0});
+    sealChecksum(expected);
+    EXPECT_EQ(hex(block.getByteArrayData()), hex(expected));
+    EXPECT_EQ(printed(block), golden("statistic.txt"));
+
+    HwSDatablockStatistic record{300, 12, 0, 8, 99};
+    record = sealed(record);
+    HwDatablockStatistic imported;
+    ASSERT_EQ(imported.setBlock(&record), 0);
+    EXPECT_EQ(imported.getOpHours(), 99u);
+    EXPECT_EQ(imported.getAlignment(), 0);
+    const HwSDatablockStatistic bad = spoiled(record);
+    EXPECT_EQ(block.setBlock(&bad), 1);
+    EXPECT_EQ(block.getOpHours(), 54321u);
+    expectRejected(services, 1040001, "   HwDatablockStatistic");
+}
+
+TEST(HwDatablockCommonStatisticData, DataIsCappedAndLeavesTheChecksum) {
+    HwDatablockCommonStatisticData block(VARIANT_BACKUP_OF_POWERON_COUNT);
+    EXPECT_EQ(block.getStatisticId(), VARIANT_BACKUP_OF_POWERON_COUNT);
+    QByteArray fresh = bytesOf({0x2f, 0x2c, 0x0c, 0x02, 0, 0, 0, 0, 0x00, 0x02, 0, 0});
+    fresh.append(QByteArray(512, 0));
+    EXPECT_EQ(block.getByteArrayData(), fresh);
+
+    QByteArray many(600, 0);
+    for (int i = 0; i < many.size(); ++i)
+        many[i] = static_cast<char>(i % 251 + 1);
+    block.setCommonStatisticData(reinterpret_cast<const unsigned char*>(many.constData()), 600);
+    EXPECT_EQ(block.getCommonStatisticDataLength(), 512u);
+    EXPECT_EQ(block.getByteArrayData().mid(12), many.left(512));
+    EXPECT_EQ(block.getByteArrayData().size(), 524);
+    EXPECT_EQ(block.getChecksum(), 0);
+
+    QByteArray tally(20, 0);
+    for (int i = 0; i < 20; ++i)
+        tally[i] = static_cast<char>((i * 7) & 0xff);
+    HwDatablockCommonStatisticData printedBlock(VARIANT_BACKUP_OF_POWERON_COUNT);
+    printedBlock.setCommonStatisticData(reinterpret_cast<const unsigned char*>(tally.constData()),
+                                        20);
+    unsigned int length = 0;
+    ASSERT_NE(printedBlock.getCommonStatisticData(&length), nullptr);
+    EXPECT_EQ(length, 20u);
+    EXPECT_EQ(printed(printedBlock), golden("common_statistic.txt"));
+}
+
+TEST(HwDatablockCommonStatisticData, ImportIsUncheckedAndSwapCopiesOnlyTheHeader) {
+    ServiceRecorders services;
+    HwSDatablockCommonStatisticData record;
+    std::memset(&record, 0, sizeof record);
+    record.blockId = 11312;
+    record.blockSize = 524;
+    record.checksum = 0x1234; // wrong, and not checked
+    record.alignment = 4;
+    record.length = 3;
+    record.data[0] = 9;
+    record.data[1] = 8;
+    record.data[2] = 7;
+    record.data[3] = 6; // beyond the length
+    HwDatablockCommonStatisticData block(VARIANT_POWERON_COUNT);
+    ASSERT_EQ(block.setBlock(&record), 0);
+    EXPECT_EQ(block.getId(), 11312u);
+    EXPECT_EQ(block.getAlignment(), 4);
+    EXPECT_EQ(block.getCommonStatisticDataLength(), 3u);
+    EXPECT_EQ(hex(block.getByteArrayData().mid(12, 4)), "09 08 07 00");
+    EXPECT_TRUE(services.errors.signalled.empty());
+    const std::string head =
+        "# Sonstige statistische Daten:\nID: \t OPERATING TIME COUNT\n1: \t9\n";
+    EXPECT_EQ(printed(block).substr(0, head.size()), head);
+
+    HwDatablockCommonStatisticData swapped(VARIANT_POWERON_COUNT);
+    record.blockId = 11313;
+    swapped.swapBlock(&record);
+    EXPECT_EQ(swapped.getId(), 11313u);
+    EXPECT_EQ(swapped.getAlignment(), 0);
+    EXPECT_EQ(swapped.getChecksum(), 0x1234);
+    EXPECT_EQ(swapped.getCommonStatisticDataLength(), 512u);
+    EXPECT_EQ(swapped.getByteArrayData().mid(12), QByteArray(512, 0));
+    EXPECT_EQ(block.setBlock(nullptr), 1);
+}
