@@ -48,8 +48,8 @@ void readCounts(std::string line, ParsedLines& parsed) {
     parsed.countFound = true;
 }
 
-// Values one after another until none is left. Integer rows skip a fraction written behind a
-// value (the writer prints integers with three decimals).
+// Values one after another until none is left. Integer rows take "5.000" as 5, since the
+// writer prints integers with three decimals; "5.5" ends the row after the 5.
 std::vector<double> readValues(const std::string& text, bool decimals) {
     std::istringstream in(text);
     in.imbue(std::locale::classic());
@@ -66,11 +66,7 @@ std::vector<double> readValues(const std::string& text, bool decimals) {
         if (!(in >> value))
             break;
         values.push_back(static_cast<double>(value));
-        if (in.peek() == '.') {
-            in.get();
-            while (std::isdigit(in.peek(), std::locale::classic()))
-                in.get();
-        }
+        skipZeroFraction(in);
     }
     return values;
 }
@@ -81,6 +77,9 @@ public:
         : dialect(dialect), maxRows(maxRows), maxCols(maxCols) {}
 
     void line(std::string text) {
+        // The empty line that closes a section ends its rows; what follows is other blocks'.
+        if (text.empty() && state == State::ReadingRows)
+            state = State::Done;
         const std::size_t comment = text.find('#');
         if (comment != std::string::npos)
             text.erase(comment);

@@ -8,6 +8,7 @@
 #include "templates/LineForm.h"
 #include "templates/TableCells.h"
 #include "templates/TableImage.h"
+#include "templates/TextFormat.h"
 #include "templates/TokenForm.h"
 #include "templates/ValueConversion.h"
 
@@ -15,6 +16,7 @@
 #include <algorithm>
 #include <istream>
 #include <string>
+#include <type_traits>
 
 namespace Tupsim {
 namespace detail {
@@ -112,7 +114,10 @@ public:
         TValue number{}; // one variable for all cells: a failed read leaves it as it was
         const TokenCellReader readCell = [&](std::istream& from, quint32 row, quint32 col) {
             from >> number;
+            const bool whole = !std::is_integral<TValue>::value || skipZeroFraction(from);
             storeCell(built, row, col, static_cast<double>(number));
+            if (!whole)
+                number = TValue{}; // what the failed read of the fraction would have left
         };
         TokenSectionHook afterName;
         if (shape.descriptorCount != 0)

@@ -24,6 +24,19 @@ std::string fixedNumber(double value, int precision, int width, int bufferSize) 
     return result;
 }
 
+bool skipZeroFraction(std::istream& in) {
+    if (!in || in.peek() != '.')
+        return true;
+    in.get();
+    while (in.peek() == '0')
+        in.get();
+    const int next = in.peek();
+    if (next < '1' || next > '9')
+        return true;
+    in.setstate(std::ios::failbit);
+    return false;
+}
+
 quint32 printableCount(quint32 count) {
     return std::min(count, kPrintLimit);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QtGlobal>
+#include <istream>
 #include <string>
 
 namespace Tupsim {
@@ -11,6 +12,11 @@ namespace detail {
 // whatever the process locale; with a buffer size, cut to what a buffer of that many
 // characters (terminating zero included) holds.
 std::string fixedNumber(double value, int precision, int width = 0, int bufferSize = 0);
+
+// Behind an integer just read: consumes a fraction of zeros (the writers print integers with
+// decimals). A fraction with another digit is not an integer's: the stream is failed instead,
+// as a second integer read would fail on it, and false is returned.
+bool skipZeroFraction(std::istream& in);
 
 // How many rows or columns a writer prints for a count word: counts above the capacity print
 // zeros, but a corrupt count must not produce endless output.
