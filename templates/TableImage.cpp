@@ -42,8 +42,8 @@ quint32 TableImage::colCount() const {
 void TableImage::storeCount(std::uint64_t offset, quint32 value) {
     unsigned int stored = value;
     HwDatablock::SwapIntel2Ppc(stored);
-    bytes::putLE<quint32>(image, offset, stored);
-    refreshChecksum();
+    if (bytes::putLE<quint32>(image, offset, stored))
+        refreshChecksum();
 }
 
 void TableImage::setRowCount(quint32 rows) {
@@ -130,16 +130,17 @@ void TableImage::removeValuesFromCol(quint32 row, quint32 firstCol, quint32 last
     // The fill deliberately runs up to the row capacity, not the column capacity.
     for (quint64 col = kept; col < shape.maxRows; ++col)
         zeroCell(start + col);
-    bytes::putLE<quint32>(image, shape.colCountOffset(), static_cast<quint32>(kept));
-    refreshChecksum();
+    // A too-short image (a kept prototype) has no table: nothing was changed.
+    if (bytes::putLE<quint32>(image, shape.colCountOffset(), static_cast<quint32>(kept)))
+        refreshChecksum();
 }
 
 void TableImage::removeValuesFromRow(quint32 col, quint32 firstRow, quint32 lastRow) {
     const quint64 kept = closeGap(col, shape.maxCols, rowCount(), firstRow, lastRow);
     for (quint64 row = kept; row < shape.maxRows; ++row)
         zeroCell(row * shape.maxCols + col);
-    bytes::putLE<quint32>(image, shape.rowCountOffset(), static_cast<quint32>(kept));
-    refreshChecksum();
+    if (bytes::putLE<quint32>(image, shape.rowCountOffset(), static_cast<quint32>(kept)))
+        refreshChecksum();
 }
 
 void TableImage::refreshChecksum() {

@@ -92,6 +92,27 @@ TEST(TableCapacity, OutsideTheCapacityReadsZeroAndWritesNothing) {
     EXPECT_EQ(block.getByteArrayData(), before);
 }
 
+TEST(TableCapacity, ShortImageReadsZeroAndIgnoresSetters) {
+    HwDatablockBaseTemplateIndex<int, int, 27, 20> block("T", 15843, 0, 1.0, false);
+    block.setCalValue(5, 0, 0);
+    block.setRowCount(1);
+    block.resizeData(8); // a prototype of the block directory keeps only its header
+    const QByteArray header = block.getByteArrayData();
+    block.setRowCount(3);
+    block.setColCount(3);
+    block.setCalValue(1, 0, 0);
+    block.setIndex(1, 0);
+    block.removeValuesFromCol(0, 0, 0);
+    block.removeValuesFromRow(0, 0, 0);
+    EXPECT_EQ(block.getByteArrayData(), header);
+    EXPECT_EQ(block.getRowCount(), 0u);
+    EXPECT_EQ(block.getCalValue(0, 0), 0);
+    EXPECT_EQ(block.getIndex(0), 0);
+    bool found = false;
+    EXPECT_EQ(block.findFirstValueInCol(0, 0, found, decltype(block)::HwRelEqual), 1u);
+    EXPECT_EQ(printed(block), "ID:  T\nCOUNT:  0*0\n\n");
+}
+
 TEST(TableCapacity, SettersKeepTheChecksumValidAndStoreLittleEndian) {
     HwDatablockBaseTemplateIndex<int, int, 27, 20> block("T", 15843, 0, 1.0, false);
     block.setCalValue(0x01020304, 1, 2);
