@@ -15,6 +15,10 @@
 #include "ISystemServices.h"
 
 // Table templates
+#include "HwDatablockBaseTemplate.h"
+#include "HwDatablockBaseTemplateExtended.h"
+#include "HwDatablockBaseTemplateIndex.h"
+#include "HwDatablockBaseTemplateWexW.h"
 
 // Directory and self-describing blocks
 #include "CommonDatablockAccess.h"

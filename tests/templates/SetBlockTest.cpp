@@ -1,0 +1,268 @@
+// Loading images: setBlock with good and bad checksums, swapBlock, the variants' own loading
+// rules, and readbin from a binary stream.
+#include "TemplateTestSupport.h"
+#include "support/Recorders.h"
+
+#include <HwDatablockBaseTemplate.h>
+#include <HwDatablockBaseTemplateExtended.h>
+#include <HwDatablockBaseTemplateIndex.h>
+#include <HwDatablockBaseTemplateWexW.h>
+
+#include "templates/HwDatablockTemplate.h"
+#include "templates/HwDatablockTemplateWithoutChecksum.h"
+
+#include <gtest/gtest.h>
+#include <sstream>
+
+using namespace Tupsim;
+using namespace Tupsim::test;
+
+namespace {
+using AlcData = HwDatablockBaseTemplate<int, int, 4, 10>;             // 176 bytes
+using AlcFreq = HwDatablockBaseTemplate<unsigned int, double, 10, 1>; // 56 bytes
+
+// Two rows of three columns; cell (r, c) holds 100 * r + c + 1, (3, 9) holds -1.
+QByteArray alcImage(unsigned id = 15731) {
+    QByteArray image = tableImage(176, id, 2, 3);
+    for (int r = 0; r < 2; ++r)
+        for (int c = 0; c < 3; ++c)
+            putU32(image, 16 + (r * 10 + c) * 4, static_cast<unsigned>(100 * r + c + 1));
+    putU32(image, 16 + 39 * 4, 0xFFFFFFFFu);
+    sealChecksum(image);
+    return image;
+}
+} // namespace
+
+TEST(TableSetBlock, GoodImageIsTakenWithItsIdAndChecksum) {
+    ServiceRecorders services;
+    AlcData block("RFBO_ALC_DATA", 15731, 0, 1.0, false);
+    QByteArray image = alcImage(15732); // another id word is taken as it is
+    EXPECT_EQ(block.setBlock(record<AlcData>(image)), 0);
+    EXPECT_EQ(block.getByteArrayData(), image);
+    EXPECT_EQ(block.getId(), 15732u);
+    EXPECT_EQ(block.getCalValue(1, 2), 103);
+    EXPECT_EQ(block.getCalValue(3, 9), -1);
+    EXPECT_TRUE(services.errors.signalled.empty());
+}
+
+TEST(TableSetBlock, HeaderIsRebuiltButTheGivenChecksumStays) {
+    ServiceRecorders services;
+    AlcData block("RFBO_ALC_DATA", 15731, 0, 1.0, false);
+    QByteArray image = alcImage();
+    putU16(image, 2, 100); // a size word of its own and a non-zero alignment
+    putU16(image, 6, 4);
+    putU32(image, 8, 9); // counts above the capacity are kept as given
+    putU32(image, 12, 70000);
+    sealChecksum(image);
+    block.resizeData(8); // as a prototype of the block directory is kept
+    ASSERT_EQ(block.setBlock(record<AlcData>(image)), 0);
+    const QByteArray loaded = block.getByteArrayData();
+    ASSERT_EQ(loaded.size(), 176);
+    EXPECT_EQ(block.getBlockSize(), 176);
+    EXPECT_EQ(block.getAlignment(), 0);
+    EXPECT_EQ(block.getRowCount(), 9u);
+    EXPECT_EQ(block.getColCount(), 70000u);
+    EXPECT_EQ(block.getChecksum(), getU16(image, 4));
+    EXPECT_EQ(loaded.mid(8), image.mid(8));
+    EXPECT_FALSE(block.verifyChecksum()) << "the image's own checksum no longer fits";
+}
+
+TEST(TableSetBlock, WrongChecksumIsRefusedAndSignalled) {
+    ServiceRecorders services;
+    AlcData block("RFBO_ALC_DATA", 15731, 0, 1.0, false);
+    block.setCalValue(42, 0, 0);
+    const QByteArray before = block.getByteArrayData();
+    QByteArray image = alcImage(15799);
+    putU16(image, 4, getU16(image, 4) + 1);
+    EXPECT_EQ(block.setBlock(record<AlcData>(image)), 1);
+    EXPECT_EQ(block.getByteArrayData(), before);
+    ASSERT_EQ(services.errors.signalled.size(), 1u);
+    EXPECT_EQ(services.errors.signalled[0].first, 1040001);
+    EXPECT_EQ(services.errors.signalled[0].second, QString("15799"));
+    EXPECT_EQ(block.setBlock(nullptr), 1);
+    EXPECT_EQ(block.getByteArrayData(), before);
+
+    // swapBlock copies the same way without the test.
+    block.swapBlock(record<AlcData>(image));
+    EXPECT_EQ(block.getByteArrayData(), image);
+    EXPECT_EQ(services.errors.signalled.size(), 1u);
+
+    using Misc = HwDatablockTemplate<MiscData<int, 10, 1>, int, double, 10, 1>;
+    Misc misc("PYM_DCON_VTRIM_VALUE", 12310, 0, 1.0, false);
+    QByteArray miscImage = tableImage(56, 12310, 1, 1);
+    EXPECT_EQ(misc.setBlock(record<Misc>(miscImage)), 1);
+    EXPECT_EQ(services.errors.signalled.size(), 2u);
+}
+
+TEST(TableSetBlock, IndexAndDescriptorsAreCopiedWithTheCells) {
+    ServiceRecorders services;
+    using Indexed = HwDatablockBaseTemplateIndex<int, int, 27, 20>;
+    Indexed indexed("RFBO_ATT_CAL_VEC_DATA", 15843, 0, 1.0, false);
+    QByteArray image = tableImage(2284, 15843, 1, 1);
+    putU32(image, 16, 5);
+    putU32(image, 2176, 0xFFFFFFF6u); // index of row 0: -10
+    putU32(image, 2280, 33);          // index of row 26
+    sealChecksum(image);
+    ASSERT_EQ(indexed.setBlock(record<Indexed>(image)), 0);
+    EXPECT_EQ(indexed.getByteArrayData(), image);
+    EXPECT_EQ(indexed.getIndex(0), -10);
+    EXPECT_EQ(indexed.getIndex(26), 33);
+
+    using Extended = HwDatablockBaseTemplateExtended<short, int, 10, 13, 600>;
+    Extended extended("EXT_CAL_USER_DATA_A", 14805, 0, 1.0, false);
+    QByteArray withText = tableImage(15776, 14805, 1, 2, 168);
+    withText.replace(8, 16, "XXXXXXXXXXXXXXXX");
+    withText.replace(8 + 9 * 16, 5, "LAST_");
+    putU16(withText, 176, 0xFFFE); // cell (0, 0): -2
+    sealChecksum(withText);
+    ASSERT_EQ(extended.setBlock(record<Extended>(withText)), 0);
+    EXPECT_EQ(extended.getByteArrayData(), withText);
+    EXPECT_EQ(extended.getCalValue(0, 0), -2);
+    EXPECT_EQ(extended.getRowCount(), 1u);
+    EXPECT_EQ(extended.getColCount(), 2u);
+
+    std::string text = "AB";
+    extended.setDescriptor(0, text);
+    std::string got = ">";
+    extended.getDescriptor(0, got);
+    EXPECT_EQ(got, ">ABXXXXXXXXXXXXXX");
+    got.clear();
+    extended.getDescriptor(9, got);
+    EXPECT_EQ(got, std::string("LAST_") + std::string(11, '\0'));
+    std::string longer = "0123456789abcdefTAIL";
+    extended.setDescriptor(1, longer);
+    extended.setDescriptor(10, longer); // past the descriptors: nothing
+    extended.setDescriptor(-1, longer);
+    got = "keep";
+    extended.getDescriptor(10, got);
+    extended.getDescriptor(-1, got);
+    EXPECT_EQ(got, "keep");
+    const QByteArray now = extended.getByteArrayData();
+    EXPECT_EQ(now.mid(24, 16), QByteArray("0123456789abcdef"));
+    EXPECT_EQ(now.mid(40, 16), withText.mid(40, 16));
+    EXPECT_EQ(wordSum(now), 0u);
+}
+
+TEST(TableSetBlock, WexWCopiesWithoutTestAndComputesItsOwnChecksum) {
+    ServiceRecorders services;
+    using WexW = HwDatablockBaseTemplateWexW<float, double, 50, 7>;
+    char name[] = "IQ_IMBALANCE";
+    WexW block(name, 15606, 0, 1.0, false);
+    QByteArray image = tableImage(1416, 15606, 1, 1);
+    const float value = 1.25f;
+    image.replace(16, 4, reinterpret_cast<const char*>(&value), 4);
+    putU16(image, 4, 0x1234); // wrong on purpose
+    EXPECT_EQ(block.setBlock(record<WexW>(image)), 0);
+    EXPECT_TRUE(services.errors.signalled.empty());
+    EXPECT_EQ(block.getCalValue(0, 0), 1.25);
+    EXPECT_TRUE(block.verifyChecksum());
+    EXPECT_NE(block.getChecksum(), 0x1234);
+
+    WexW copy(block);
+    EXPECT_EQ(copy.getByteArrayData(), block.getByteArrayData());
+    char other[] = "OTHER";
+    WexW assigned(other, 1, 1, 2.0, true);
+    assigned = block;
+    EXPECT_EQ(assigned.getByteArrayData(), block.getByteArrayData());
+    EXPECT_EQ(assigned.getFactor(), 1.0);
+    EXPECT_EQ(assigned.getInstance(), 0);
+    EXPECT_EQ(printed(assigned), printed(block)); // the name came along
+}
+
+TEST(TableSetBlock, WithoutChecksumCarriesTheChecksumWordUntouched) {
+    ServiceRecorders services;
+    using Counter = HwDatablockTemplateWithoutChecksum<MiscData<unsigned char, 1, 2048>,
+                                                       unsigned char, double, 1, 2048>;
+    Counter block("PYM_MWIF_SATT_COUNTER", 11304, 0, 1.0, false);
+    QByteArray image = tableImage(2064, 11304, 1, 3);
+    putU16(image, 4, 0x1234);
+    image[16] = static_cast<char>(200);
+    EXPECT_EQ(block.setBlock(record<Counter>(image)), 0);
+    EXPECT_EQ(block.getByteArrayData(), image);
+    EXPECT_EQ(block.getCalValue(0, 0), 200.0);
+    block.setCalValue(7, 0, 2047);
+    block.setRowCount(5);
+    block.removeValuesFromCol(0, 0, 0);
+    EXPECT_EQ(block.getChecksum(), 0x1234);
+    EXPECT_EQ(static_cast<unsigned char>(block.getByteArrayData()[16 + 2047]), 7);
+    EXPECT_TRUE(services.errors.signalled.empty());
+}
+
+TEST(TableReadbin, ReadsTheBlockBehindItsIdWord) {
+    ServiceRecorders services;
+    AlcData reader("RFBO_ALC_DATA", 15731, 0, 1.0, false);
+    AlcData target("RFBO_ALC_DATA", 15731, 0, 1.0, false);
+    const QByteArray first = alcImage();
+    QByteArray second = alcImage();
+    putU32(second, 16, 77);
+    sealChecksum(second);
+    std::istringstream in(("xy" + first + second + "z").toStdString());
+    in.seekg(4); // the caller has read the id word to choose the class
+    reader.readbin(in, target);
+    EXPECT_EQ(target.getByteArrayData(), first);
+    EXPECT_EQ(in.tellg(), std::streampos(2 + 176));
+    in.seekg(2, std::ios::cur);
+    reader.readbin(in, target);
+    EXPECT_EQ(target.getByteArrayData(), second);
+    EXPECT_EQ(in.get(), 'z');
+    EXPECT_EQ(reader.getRowCount(), 0u) << "the reader itself stays as it was";
+}
+
+TEST(TableReadbin, SizeWordDecidesHowMuchIsRead) {
+    ServiceRecorders services;
+    AlcFreq block("RFBO_ALC_FREQ", 15730, 0, 100, false);
+
+    // Fewer bytes than the block: padded with zeros.
+    QByteArray shortImage = tableImage(20, 15730, 1, 1);
+    putU32(shortImage, 16, 12345);
+    sealChecksum(shortImage);
+    std::istringstream shortIn(shortImage.toStdString() + "rest");
+    shortIn.seekg(2);
+    block.readbin(shortIn, block);
+    EXPECT_EQ(block.getBlockSize(), 56);
+    EXPECT_EQ(block.getCalValue(0, 0), 1234500.0);
+    EXPECT_EQ(block.getByteArrayData().mid(20), QByteArray(36, '\0'));
+    EXPECT_EQ(shortIn.get(), 'r');
+
+    // More bytes than the block: all are consumed, the block keeps its own size.
+    QByteArray longImage = tableImage(60, 15730, 2, 1);
+    putU32(longImage, 20, 7);
+    sealChecksum(longImage);
+    std::istringstream longIn(longImage.toStdString() + "!");
+    longIn.seekg(2);
+    block.readbin(longIn, block);
+    EXPECT_EQ(block.getByteArrayData().size(), 56);
+    EXPECT_EQ(block.getRowCount(), 2u);
+    EXPECT_EQ(block.getCalValue(1, 0), 700.0);
+    EXPECT_EQ(longIn.get(), '!');
+
+    // A stream that ends early fills nothing past what was read.
+    QByteArray cut = tableImage(56, 15730, 3, 1);
+    putU32(cut, 16, 1);
+    sealChecksum(cut);
+    std::istringstream cutIn(cut.left(24).toStdString());
+    cutIn.seekg(2);
+    block.readbin(cutIn, block);
+    EXPECT_EQ(block.getByteArrayData(), cut);
+    EXPECT_TRUE(services.errors.signalled.empty());
+}
+
+TEST(TableReadbin, NothingToReadOrABadChecksumLeavesTheTarget) {
+    ServiceRecorders services;
+    AlcFreq block("RFBO_ALC_FREQ", 15730, 0, 100, false);
+    block.setCalValue(9, 0, 0);
+    const QByteArray before = block.getByteArrayData();
+    std::istringstream empty("");
+    block.readbin(empty, block);
+    std::istringstream oneByte("\x38");
+    block.readbin(oneByte, block);
+    EXPECT_EQ(block.getByteArrayData(), before);
+
+    QByteArray bad = tableImage(56, 15730, 3, 1);
+    std::istringstream badIn(bad.toStdString());
+    badIn.seekg(2);
+    block.readbin(badIn, block);
+    EXPECT_EQ(block.getByteArrayData(), before);
+    ASSERT_EQ(services.errors.signalled.size(), 1u);
+    EXPECT_EQ(services.errors.signalled[0].second, QString("15730"));
+}
