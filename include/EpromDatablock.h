@@ -29,6 +29,7 @@
 #include "HwSDataBlockCfg.h"
 #include "IHwDatablockAccess.h"
 #include "IHwVariantEeprom.h"
+#include "IdHwDatablockOldStyleClassDict.h"
 
 // Identification and service blocks
 #include "HwDatablockCommonStatisticData.h"
@@ -55,6 +56,7 @@
 #include "HwModuleTypeTable.h"
 
 // Calibration blocks
+#include "HwCalibTableBlocks.h"
 #include "HwDatablockCountedRefCalValue.h"
 #include "HwDatablockDacIfFullScale.h"
 #include "HwDatablockDopMbrdPllDacCalibValue.h"

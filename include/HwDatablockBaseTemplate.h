@@ -49,6 +49,8 @@ public:
     void setRowCount(unsigned int rows);
     void setColCount(unsigned int cols);
     double getFactor() const;
+    // The block's key in ASCII calibration files.
+    const char* getName() const;
     int getInstance() const;
 
     // Stored value times the factor; 0 outside the capacity.

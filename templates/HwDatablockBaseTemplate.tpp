@@ -56,6 +56,11 @@ double HwDatablockBaseTemplate<TRaw, TValue, MaxRows, MaxCols>::getFactor() cons
 }
 
 template <typename TRaw, typename TValue, unsigned int MaxRows, unsigned int MaxCols>
+const char* HwDatablockBaseTemplate<TRaw, TValue, MaxRows, MaxCols>::getName() const {
+    return name.c_str();
+}
+
+template <typename TRaw, typename TValue, unsigned int MaxRows, unsigned int MaxCols>
 int HwDatablockBaseTemplate<TRaw, TValue, MaxRows, MaxCols>::getInstance() const {
     return instance;
 }

@@ -77,6 +77,13 @@ HwDatablockBaseTemplateExtended<TRaw, TValue, MaxDescriptors, MaxRows, MaxCols>:
 
 template <typename TRaw, typename TValue, unsigned int MaxDescriptors, unsigned int MaxRows,
           unsigned int MaxCols>
+const char*
+HwDatablockBaseTemplateExtended<TRaw, TValue, MaxDescriptors, MaxRows, MaxCols>::getName() const {
+    return name.c_str();
+}
+
+template <typename TRaw, typename TValue, unsigned int MaxDescriptors, unsigned int MaxRows,
+          unsigned int MaxCols>
 int HwDatablockBaseTemplateExtended<TRaw, TValue, MaxDescriptors, MaxRows, MaxCols>::getInstance()
     const {
     return instance;

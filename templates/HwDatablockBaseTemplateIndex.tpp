@@ -58,6 +58,11 @@ double HwDatablockBaseTemplateIndex<TRaw, TValue, MaxRows, MaxCols>::getFactor()
 }
 
 template <typename TRaw, typename TValue, unsigned int MaxRows, unsigned int MaxCols>
+const char* HwDatablockBaseTemplateIndex<TRaw, TValue, MaxRows, MaxCols>::getName() const {
+    return name.c_str();
+}
+
+template <typename TRaw, typename TValue, unsigned int MaxRows, unsigned int MaxCols>
 int HwDatablockBaseTemplateIndex<TRaw, TValue, MaxRows, MaxCols>::getInstance() const {
     return instance;
 }

@@ -66,6 +66,11 @@ double HwDatablockBaseTemplateWexW<TRaw, TValue, MaxRows, MaxCols>::getFactor() 
 }
 
 template <typename TRaw, typename TValue, unsigned int MaxRows, unsigned int MaxCols>
+const char* HwDatablockBaseTemplateWexW<TRaw, TValue, MaxRows, MaxCols>::getName() const {
+    return name.c_str();
+}
+
+template <typename TRaw, typename TValue, unsigned int MaxRows, unsigned int MaxCols>
 int HwDatablockBaseTemplateWexW<TRaw, TValue, MaxRows, MaxCols>::getInstance() const {
     return instance;
 }

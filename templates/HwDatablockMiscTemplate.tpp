@@ -75,6 +75,13 @@ HwDatablockMiscTemplate<TData, TRaw, TValue, MaxRows, MaxCols, KeepsChecksum>::g
 
 template <class TData, typename TRaw, typename TValue, unsigned int MaxRows, unsigned int MaxCols,
           bool KeepsChecksum>
+const char*
+HwDatablockMiscTemplate<TData, TRaw, TValue, MaxRows, MaxCols, KeepsChecksum>::getName() const {
+    return name.c_str();
+}
+
+template <class TData, typename TRaw, typename TValue, unsigned int MaxRows, unsigned int MaxCols,
+          bool KeepsChecksum>
 int HwDatablockMiscTemplate<TData, TRaw, TValue, MaxRows, MaxCols, KeepsChecksum>::getInstance()
     const {
     return instance;

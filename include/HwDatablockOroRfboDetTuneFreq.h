@@ -1,0 +1,4 @@
+// Calibration table block HwDatablockOroRfboDetTuneFreq; declared with the whole catalogue.
+#pragma once
+
+#include "HwCalibTableBlocks.h"

@@ -1,0 +1,4 @@
+// Calibration table block HwDatablockOroRfboRfLevelMaxFreq; declared with the whole catalogue.
+#pragma once
+
+#include "HwCalibTableBlocks.h"
