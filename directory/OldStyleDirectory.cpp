@@ -211,12 +211,24 @@ constexpr Row kRows[] = {
 };
 // clang-format on
 
+// A shrunk QByteArray keeps its allocation: the prototype gets a fresh copy of what is left, so
+// that the memory of its full-size image is given back.
+void releaseSpareCapacity(HwDatablock& prototype) {
+    const QByteArray kept = prototype.getByteArrayData();
+    HwDatablock holder(false);
+    holder.setDataWithoutChecksumCheck(reinterpret_cast<const unsigned char*>(kept.constData()),
+                                       static_cast<unsigned int>(kept.size()));
+    prototype.replaceDataInList(&holder);
+}
+
 // Makes and registers one prototype; a refused duplicate is deleted again.
 void registerOne(IdHwDatablockOldStyleClassDict& dict, int id, Factory make, const char* idString,
                  bool keepImage) {
     std::unique_ptr<HwDatablock> prototype(make(id, idString));
-    if (!keepImage)
+    if (!keepImage) {
         prototype->resizeData(8); // one object per id: each is kept small until it prints
+        releaseSpareCapacity(*prototype);
+    }
     if (dict.insert({id, prototype.get()}).second)
         prototype.release();
 }
