@@ -24,6 +24,7 @@ using Misc = HwDatablockTemplate<MiscData<int, N1, N2>, int, double, N1, N2>;
 using CounterBytes = HwDatablockTemplateWithoutChecksum<MiscData<unsigned char, 1, 2048>,
                                                         unsigned char, double, 1, 2048>;
 
+// An id and the class registered for it.
 struct Pinned {
     int id;
     std::type_index type;
@@ -153,11 +154,7 @@ TEST(OldStyleDirectory, PinnedIdsHaveTheirClassesAndGapsStayEmpty) {
 
 TEST(OldStyleDirectory, CatalogueRowsAreRegisteredInsideTheirWindowsOnly) {
     HwDatablockOldStyleInterpreter interpreter;
-    struct Row {
-        int id;
-        std::type_index type;
-    };
-    const std::vector<Row> rows = {
+    const std::vector<Pinned> rows = {
 #define EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor) {Id, typeid(Class)},
 #define EPROM_TABLE_BLOCK_NAMED(Class, Template, Args, NameType, Id, Factor) {Id, typeid(Class)},
 #define EPROM_TABLE_BLOCK_HEADED(Class, Template, Args, Name, Id, Factor, Title, Key, Limit,       \
@@ -167,7 +164,7 @@ TEST(OldStyleDirectory, CatalogueRowsAreRegisteredInsideTheirWindowsOnly) {
 #include <HwCalibTableBlocks.def>
     };
     int registered = 0;
-    for (const Row& row : rows) {
+    for (const Pinned& row : rows) {
         SCOPED_TRACE(row.id);
         if (inCatalogueWindow(row.id)) {
             ++registered;
@@ -184,16 +181,12 @@ TEST(OldStyleDirectory, CatalogueRowsAreRegisteredInsideTheirWindowsOnly) {
 
 TEST(OldStyleDirectory, OpaqueClassesSitAtTheirFirstIds) {
     HwDatablockOldStyleInterpreter interpreter;
-    struct Row {
-        int id;
-        std::type_index type;
-    };
-    const std::vector<Row> rows = {
+    const std::vector<Pinned> rows = {
 #define EPROM_OPAQUE_BLOCK(ClassName, firstId) {firstId, typeid(ClassName)},
 #include <HwOpaqueCalibBlocks.def>
 #undef EPROM_OPAQUE_BLOCK
     };
-    for (const Row& row : rows) {
+    for (const Pinned& row : rows) {
         if (row.id == 0)
             continue; // classes outside the directory
         EXPECT_EQ(typeAt(interpreter, row.id), row.type) << "id " << row.id;
