@@ -1,9 +1,30 @@
 // Directory of the old-style blocks and their per-id byte-order conversion.
 #include "HwDatablockOldStyleInterpreter.h"
 
+#include "directory/OldStyleConversion.h"
+#include "directory/OldStyleDirectory.h"
+
 namespace Tupsim {
 
-HwDatablockOldStyleInterpreter::HwDatablockOldStyleInterpreter() = default;
+namespace {
+
+void deletePrototypes(IdHwDatablockOldStyleClassDict& dict) {
+    for (auto& entry : dict)
+        delete entry.second;
+    dict.clear();
+}
+
+} // namespace
+
+HwDatablockOldStyleInterpreter::HwDatablockOldStyleInterpreter() {
+    try {
+        oldstyle::fillDirectory(dict);
+    } catch (...) {
+        // Only an allocation can fail here: drop what was built and let the caller know.
+        deletePrototypes(dict);
+        throw;
+    }
+}
 
 HwDatablockOldStyleInterpreter::HwDatablockOldStyleInterpreter(
     const HwDatablockOldStyleInterpreter& other) = default;
@@ -12,15 +33,14 @@ HwDatablockOldStyleInterpreter&
 HwDatablockOldStyleInterpreter::operator=(const HwDatablockOldStyleInterpreter& other) = default;
 
 HwDatablockOldStyleInterpreter::~HwDatablockOldStyleInterpreter() {
-    for (auto& entry : dict)
-        delete entry.second;
-    dict.clear();
+    deletePrototypes(dict);
 }
 
 bool HwDatablockOldStyleInterpreter::printHwDatablockOldStyleInfo(HwDatablock* block,
                                                                   std::ostream& out) {
     if (block == nullptr)
         return false;
+    // The subscript leaves an empty entry behind for an unknown id.
     HwDatablock* prototype = dict[static_cast<int>(block->getId())];
     if (prototype == nullptr)
         return false;
@@ -30,9 +50,11 @@ bool HwDatablockOldStyleInterpreter::printHwDatablockOldStyleInfo(HwDatablock* b
     return true;
 }
 
-bool HwDatablockOldStyleInterpreter::swapHwDatablock(HwEDataFormatTyp, int, HwDatablock*) {
-    // No old-style block kind is registered yet.
-    return false;
+bool HwDatablockOldStyleInterpreter::swapHwDatablock(HwEDataFormatTyp format, int id,
+                                                     HwDatablock* block) {
+    if (block == nullptr)
+        return false;
+    return oldstyle::convertById(format, id, *block);
 }
 
 } // namespace Tupsim

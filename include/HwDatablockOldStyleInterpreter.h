@@ -25,6 +25,9 @@ public:
     // Converts `block` by the rule of the class registered for `id`; false for an unknown id.
     static bool swapHwDatablock(HwEDataFormatTyp format, int id, HwDatablock* block);
 
+    // The registered ids and their prototypes, for callers that list what is known.
+    const IdHwDatablockOldStyleClassDict& getDictionary() const { return dict; }
+
 private:
     IdHwDatablockOldStyleClassDict dict;
 };

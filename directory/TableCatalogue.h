@@ -1,0 +1,23 @@
+// The table-based calibration blocks built from the flag alone, as the directory and the per-id
+// conversion see them: block id and conversion recipe.
+#pragma once
+
+#include "directory/OldStyleKinds.h"
+
+#include <cstddef>
+
+namespace Tupsim {
+namespace oldstyle {
+
+struct CatalogueEntry {
+    int id;
+    Recipe recipe;
+};
+
+// Every such row of the calibration table catalogue, in catalogue order.
+const CatalogueEntry* tableCatalogue(std::size_t& count);
+// The row of `id`, or nullptr.
+const CatalogueEntry* findInCatalogue(int id);
+
+} // namespace oldstyle
+} // namespace Tupsim

@@ -1,0 +1,192 @@
+// Printing old-style blocks through the directory: the text of the block's own class.
+#include "InterpreterTestSupport.h"
+#include "support/Recorders.h"
+
+#include <EpromDatablock.h>
+#include <templates/HwDatablockTemplate.h>
+#include <templates/HwDatablockTemplateWithoutChecksum.h>
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+
+using namespace Tupsim;
+using namespace Tupsim::test;
+
+namespace {
+
+template <unsigned int N1, unsigned int N2>
+using Misc = HwDatablockTemplate<MiscData<int, N1, N2>, int, double, N1, N2>;
+
+// The fresh image of `block` (padded to `minSize`) with `id`, small 32-bit words k % 7 behind
+// the header (so counts stay inside every capacity), alignment 0 and a valid checksum.
+QByteArray patterned(HwDatablock& block, int id, int minSize) {
+    QByteArray image = block.getByteArrayData();
+    if (image.size() < minSize)
+        image.append(QByteArray(minSize - image.size(), '\0'));
+    for (int offset = 8, k = 1; offset + 4 <= image.size(); offset += 4, ++k) {
+        image[offset] = static_cast<char>(k % 7);
+        image[offset + 1] = image[offset + 2] = image[offset + 3] = 0;
+    }
+    image[0] = static_cast<char>(id & 0xFF);
+    image[1] = static_cast<char>(id >> 8);
+    if (image.size() >= 8) {
+        image[2] = static_cast<char>(image.size() & 0xFF);
+        image[3] = static_cast<char>(image.size() >> 8);
+        image[6] = image[7] = 0;
+    }
+    sealChecksum(image);
+    return image;
+}
+
+struct Sample {
+    int id;
+    std::function<HwDatablock*()> make;
+    int minSize;
+};
+
+template <class T> std::function<HwDatablock*()> of() {
+    return [] { return new T(); };
+}
+
+const std::vector<Sample>& samples() {
+    static const std::vector<Sample> list = {
+        {2, of<HwDatablockIdent>(), 8},
+        {100, of<HwDatablockModification>(), 8},
+        {110, of<HwDatablockModification110>(), 8},
+        {120, of<HwDatablockModification120>(), 20},
+        {205, of<HwDatablockServiceData>(), 8},
+        {299, of<HwDatablockServiceData>(), 8},
+        {300, of<HwDatablockStatistic>(), 8},
+        {10000, of<HwDatablockSsynOcxoRefCalValue>(), 8},
+        {10301, of<HwDatablockIqOp3RfmCalibDataMisc>(), 8},
+        {10307, of<HwDatablockIqOp3RfmCalibData>(), 130},
+        {10502, of<HwDatablockCwop6VcoIdent>(), 8},
+        {10504, of<HwDatablockMiscIdent>(), 8},
+        {10604, of<HwDatablockSAtt3OWLDCounter>(), 8},
+        {11303, of<HwDatablockSAttCCounter>(), 8},
+        {11304,
+         [] {
+             return new HwDatablockTemplateWithoutChecksum<MiscData<unsigned char, 1, 2048>,
+                                                           unsigned char, double, 1, 2048>(
+                 "PYM_MWIF_SATT_COUNTER", 11304, 0, 1.0, false);
+         },
+         8},
+        {11306, of<HwDatablockSAttCTempGradient>(), 8},
+        {11311, of<HwDatablockCommonStatisticData>(), 8},
+        {12000, of<HwDatablockMbrdSerialNumber>(), 8},
+        {12001, of<HwDatablockMbrdModel>(), 8},
+        {12004, of<HwDatablockMbrdMac>(), 8},
+        {12008, of<HwDatablockMbrdTimeMonitoringData>(), 8},
+        {12280, of<HwDatablockDopMbrdPllDacCalibValue>(), 8},
+        {12306,
+         [] { return new Misc<50, 200>("LOOPGAIN_P_VALUE_BASE_PK_LIST", 12306, 0, 1, false); }, 8},
+        {12500, of<HwDatablockDacIfFullScale>(), 8},
+        {14801, of<HwDatablockDacbIqImbalanceRearPh>(), 64},
+        {15001, of<HwDatablockFsynTcxoRefCalValue>(), 8},
+        {15710, of<HwDatablockOroRfboTcxoCal>(), 8},
+        {15721, of<HwDatablockOroRfboAttCalData>(), 8},
+        {15760, of<HwDatablockKivRfboAttCalFreq>(), 8},
+        {15799, of<HwDatablockKivRfboAttRegData>(), 8},
+        {15841, of<HwDatablockTeshRfBoExtCalVecData>(), 8},
+        {16001, of<HwDatablockOroRfboExtCalUserData>(), 8},
+        {65535, of<HwDatablockEnd>(), 4},
+    };
+    return list;
+}
+
+} // namespace
+
+TEST(OldStylePrinting, EveryFamilyPrintsAsItsOwnClass) {
+    ServiceRecorders services;
+    HwDatablockOldStyleInterpreter interpreter;
+    for (const Sample& sample : samples()) {
+        SCOPED_TRACE(sample.id);
+        std::unique_ptr<HwDatablock> block(sample.make());
+        loadImage(*block, patterned(*block, sample.id, sample.minSize));
+        const std::string direct = printedDirectly(*block);
+        EXPECT_EQ(printedThrough(interpreter, block.get()), direct);
+        // The prototype keeps the image it printed last.
+        EXPECT_EQ(hex(interpreter.getDictionary().at(sample.id)->getByteArrayData()),
+                  hex(block->getByteArrayData()));
+    }
+    // Sealed images: no checksum complaint on the way.
+    EXPECT_TRUE(services.errors.signalled.empty());
+}
+
+TEST(OldStylePrinting, ExactTextOfSomeKinds) {
+    HwDatablockOldStyleInterpreter interpreter;
+
+    // The second modification kind is built with id 100; under id 110 it prints as its own kind.
+    HwDatablockModification110 modification;
+    modification.setBlockId(110);
+    modification.setServiceCode(0, 0x4005);
+    modification.setServiceCode(9, 65535);
+    std::string expected = "# Das sind die Servicedaten Modification\n"
+                           "ID:              MODIFICATION_110\n"
+                           "SERVICECODE:     16389\n";
+    for (int i = 1; i < 9; ++i)
+        expected += "SERVICECODE:     0\n";
+    expected += "SERVICECODE:     65535\n\n";
+    EXPECT_EQ(printedThrough(interpreter, &modification), expected);
+
+    HwDatablockEnd end;
+    EXPECT_EQ(printedThrough(interpreter, &end),
+              "# Das ist der END Block\nID:              END\n\n");
+
+    // A generic misc-data table prints its ID string in the token form, five decimals.
+    Misc<1, 1> level("anything", 12311, 0, 1.0, false);
+    level.setRowCount(1);
+    level.setColCount(1);
+    level.setCalValue(-42, 0, 0);
+    EXPECT_EQ(printedThrough(interpreter, &level),
+              "ID:  PYM_DCON_LEVELPRE2\nCOUNT:  1*1\n1: \t-42.00000\n\n");
+
+    // A block kept as an opaque image prints its raw bytes.
+    QByteArray image = bytesOf({0x3F, 0x28, 0x0C, 0x00, 0, 0, 0, 0, 'a', 'b', 'c', 'd'});
+    sealChecksum(image);
+    HwDatablock opaque(false);
+    loadImage(opaque, image);
+    EXPECT_EQ(printedThrough(interpreter, &opaque), "\n" + image.toStdString() + "\n");
+}
+
+TEST(OldStylePrinting, PrototypeGrowsAndShrinksWithThePrintedBlock) {
+    HwDatablockOldStyleInterpreter interpreter;
+    HwDatablockTeshRfBoExtCalVecData big;
+    HwDatablock small(false);
+    small.setBlockId(15841);
+    big.setRowCount(1);
+    big.setColCount(2);
+    big.setCalValue(7, 0, 1);
+    EXPECT_EQ(printedThrough(interpreter, &big), printedDirectly(big));
+    HwDatablock* prototype = interpreter.getDictionary().at(15841);
+    EXPECT_EQ(prototype->getByteArrayData().size(), big.getByteArrayData().size());
+
+    // An 8-byte block of a table id reads zero counts and prints an empty table.
+    EXPECT_EQ(printedThrough(interpreter, &small), "ID:  RFBO_EXT_CAL_VEC_DATA\nCOUNT:  0*0\n\n");
+    EXPECT_EQ(hex(prototype->getByteArrayData()), hex(small.getByteArrayData()));
+}
+
+TEST(OldStylePrinting, UnknownIdsAndNullBlocksAreRefused) {
+    HwDatablockOldStyleInterpreter interpreter;
+    const std::size_t initial = interpreter.getDictionary().size();
+    std::ostringstream out;
+    EXPECT_FALSE(interpreter.printHwDatablockOldStyleInfo(nullptr, out));
+    EXPECT_EQ(interpreter.getDictionary().size(), initial);
+
+    HwDatablock unknown(false);
+    unknown.setBlockId(12);
+    EXPECT_FALSE(interpreter.printHwDatablockOldStyleInfo(&unknown, out));
+    EXPECT_EQ(interpreter.getDictionary().size(), initial + 1);
+    ASSERT_EQ(interpreter.getDictionary().count(12), 1u);
+    EXPECT_EQ(interpreter.getDictionary().at(12), nullptr);
+    EXPECT_FALSE(interpreter.printHwDatablockOldStyleInfo(&unknown, out));
+    EXPECT_EQ(interpreter.getDictionary().size(), initial + 1);
+
+    // Converted as a temperature table, but never printable.
+    HwDatablockTeshVectorLevconTempData table("T", 7, false);
+    EXPECT_EQ(table.getId(), 15860u);
+    EXPECT_FALSE(interpreter.printHwDatablockOldStyleInfo(&table, out));
+    EXPECT_EQ(interpreter.getDictionary().size(), initial + 2);
+    EXPECT_TRUE(out.str().empty());
+}
