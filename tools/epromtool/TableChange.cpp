@@ -1,0 +1,32 @@
+// How a calibration table changed between two images, counted in the table's own terms.
+#include "TableChange.h"
+
+namespace epromtool {
+
+namespace {
+
+QString counted(int count, const char* one, const char* many) {
+    return QStringLiteral("%1 %2").arg(count).arg(QLatin1String(count == 1 ? one : many));
+}
+
+QString counts(quint32 rows, quint32 cols) {
+    return QStringLiteral("%1*%2").arg(rows).arg(cols);
+}
+
+} // namespace
+
+QString TableChange::text() const {
+    QString line = counted(cells, "cell", "cells") + QStringLiteral(" changed");
+    if (rowsBefore != rowsAfter || colsBefore != colsAfter)
+        line += QStringLiteral(", counts %1 -> %2")
+                    .arg(counts(rowsBefore, colsBefore), counts(rowsAfter, colsAfter));
+    if (indexes > 0)
+        line += QStringLiteral(", ") + counted(indexes, "index", "indexes") +
+                QStringLiteral(" changed");
+    if (descriptors > 0)
+        line += QStringLiteral(", ") + counted(descriptors, "descriptor", "descriptors") +
+                QStringLiteral(" changed");
+    return line;
+}
+
+} // namespace epromtool
