@@ -124,11 +124,7 @@ QString LibraryCatalogue::importBlocker(const TableKind& kind, const QByteArray&
     if (again.size() == block.size() && again.left(4) == block.left(4) &&
         again.mid(6) == block.mid(6))
         return QStringLiteral("its checksum is bad");
-    const int cells = kind.compare(block, again).cells;
-    if (cells == 0)
-        return QStringLiteral("its own text form does not read back to the same bytes");
-    return QStringLiteral("its own text form reads back %1 differently")
-        .arg(cells == 1 ? QStringLiteral("1 cell") : QStringLiteral("%1 cells").arg(cells));
+    return QStringLiteral("its own text form ") + kind.compare(block, again).differences();
 }
 
 QString LibraryCatalogue::idText(const std::string& printout) {

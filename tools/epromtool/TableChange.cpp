@@ -1,6 +1,8 @@
 // How a calibration table changed between two images, counted in the table's own terms.
 #include "TableChange.h"
 
+#include <QStringList>
+
 namespace epromtool {
 
 namespace {
@@ -27,6 +29,21 @@ QString TableChange::text() const {
         line += QStringLiteral(", ") + counted(descriptors, "descriptor", "descriptors") +
                 QStringLiteral(" changed");
     return line;
+}
+
+QString TableChange::differences() const {
+    QStringList parts;
+    if (cells > 0)
+        parts << counted(cells, "cell", "cells");
+    if (rowsBefore != rowsAfter || colsBefore != colsAfter)
+        parts << QStringLiteral("the counts");
+    if (indexes > 0)
+        parts << counted(indexes, "index", "indexes");
+    if (descriptors > 0)
+        parts << counted(descriptors, "descriptor", "descriptors");
+    if (parts.isEmpty())
+        return QStringLiteral("does not read back to the same bytes");
+    return QStringLiteral("reads back %1 differently").arg(parts.join(QStringLiteral(" and ")));
 }
 
 } // namespace epromtool

@@ -17,6 +17,10 @@ struct TableChange {
 
     // "3 cells changed, counts 4*10 -> 4*11, 1 index changed".
     QString text() const;
+    // For a read-back that should have changed nothing: "reads back 1 cell and the counts
+    // differently", or "does not read back to the same bytes" when no cell, count, index or
+    // descriptor tells the difference.
+    QString differences() const;
 };
 
 } // namespace epromtool
