@@ -35,13 +35,10 @@ asan: deps
 
 # list, verify and export IMAGE; every step runs, and the worst exit code is make's.
 run: build
-	@mkdir -p "$(RUN_DIR)"; worst=0; out="$(RUN_DIR)/$$(basename "$(IMAGE)").cal"; \
-	for step in list verify "export -o $$out"; do \
-		echo "== epromtool $$step $(IMAGE)"; \
-		$(TOOL) $$step "$(IMAGE)"; code=$$?; \
-		[ $$code -gt $$worst ] && worst=$$code; \
-	done; \
-	[ -f "$$out" ] && echo "== export written to $$out ($$(wc -l < "$$out") lines)"; \
+	@mkdir -p "$(RUN_DIR)"; out="$(RUN_DIR)/$$(basename "$(IMAGE)").cal"; rm -f "$$out"; worst=0; \
+	step() { echo "== epromtool $$*"; $(TOOL) "$$@"; code=$$?; [ $$code -le $$worst ] || worst=$$code; }; \
+	step list "$(IMAGE)"; step verify "$(IMAGE)"; step export "$(IMAGE)" -o "$$out"; \
+	[ ! -f "$$out" ] || echo "== export written to $$out ($$(wc -l < "$$out") lines)"; \
 	exit $$worst
 
 # Regenerates the demonstration image and its export with the built tool.
