@@ -33,6 +33,17 @@ public:
     bool verifyChecksum() override { return true; }
 };
 
+// "counts 5*3 exceed the capacity 4*10"; empty when the counts fit the table.
+QString overflow(const TableShape& shape) {
+    if (shape.rows <= shape.maxRows && shape.cols <= shape.maxCols)
+        return QString();
+    return QStringLiteral("counts %1*%2 exceed the capacity %3*%4")
+        .arg(shape.rows)
+        .arg(shape.cols)
+        .arg(shape.maxRows)
+        .arg(shape.maxCols);
+}
+
 std::string printedBy(Tupsim::HwDatablock& block) {
     std::ostringstream out;
     block.printToStream(out);
@@ -104,12 +115,9 @@ QString LibraryCatalogue::importBlocker(const TableKind& kind, const QByteArray&
             .arg(block.size())
             .arg(shape.imageSize);
     // Checked here, as the reader would end the process on such counts.
-    if (shape.rows > shape.maxRows || shape.cols > shape.maxCols)
-        return QStringLiteral("its counts %1*%2 exceed the table's capacity %3*%4")
-            .arg(shape.rows)
-            .arg(shape.cols)
-            .arg(shape.maxRows)
-            .arg(shape.maxCols);
+    const QString tooMany = overflow(shape);
+    if (!tooMany.isEmpty())
+        return QStringLiteral("its ") + tooMany;
     std::ostringstream text;
     kind.print(block, text);
     std::istringstream in(text.str());
@@ -147,16 +155,22 @@ bool LibraryCatalogue::printedByDirectory(const QByteArray& block, std::string& 
 }
 
 std::string LibraryCatalogue::printed(const QByteArray& block) {
+    const quint16 id = idOf(block);
+    const TableKind* kind = TableKinds::find(id);
+    // A table prints as many rows and columns as its counts claim, which a damaged image
+    // may set to millions: such a block is shown as bytes.
+    if (kind != nullptr && kind->shape != nullptr) {
+        const QString tooMany = overflow(kind->shape(block));
+        if (!tooMany.isEmpty())
+            return hexForm(block, QStringLiteral(": ") + tooMany);
+    }
     std::string text;
     if (printedByDirectory(block, text))
         return text;
-    const quint16 id = idOf(block);
-    if (const TableKind* kind = TableKinds::find(id)) {
-        if (kind->print != nullptr) {
-            std::ostringstream out;
-            kind->print(block, out);
-            return out.str();
-        }
+    if (kind != nullptr && kind->print != nullptr) {
+        std::ostringstream out;
+        kind->print(block, out);
+        return out.str();
     }
     if (BlockCheck::carriesCrc(id) && block.size() >= ChainWalker::HeaderSize) {
         Tupsim::HwDatablock2Edition selfDescribing;
@@ -170,10 +184,10 @@ std::string LibraryCatalogue::printed(const QByteArray& block) {
     return hexForm(block);
 }
 
-std::string LibraryCatalogue::hexForm(const QByteArray& block) {
+std::string LibraryCatalogue::hexForm(const QByteArray& block, const QString& remark) {
     std::ostringstream out;
     out << "# " << className(block).toStdString() << ' ' << idOf(block) << ", " << block.size()
-        << " bytes\n";
+        << " bytes" << remark.toStdString() << '\n';
     for (const QString& line : HexForm::commentLines(block))
         out << line.toStdString() << '\n';
     out << '\n';

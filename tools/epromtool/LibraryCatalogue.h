@@ -29,7 +29,8 @@ private:
     // The directory's printout; false when it has no text form of its own for the block.
     bool printedByDirectory(const QByteArray& block, std::string& text);
     std::string printed(const QByteArray& block);
-    std::string hexForm(const QByteArray& block);
+    // Comment lines of hexadecimal bytes under "# CLASS ID, SIZE bytes" and the remark.
+    std::string hexForm(const QByteArray& block, const QString& remark = QString());
 
     // One per tool run: it holds a prototype of every known block class.
     Tupsim::HwDatablockOldStyleInterpreter interpreter;
