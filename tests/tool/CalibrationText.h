@@ -7,32 +7,33 @@
 namespace Tupsim {
 namespace test {
 
-// Replaces, inside the section that follows the line starting with `idLine`, the first line
-// starting with `linePrefix` by `replacement`. Empty when there is no such line.
-inline QString replaceLine(const QString& text, const QString& idLine, const QString& linePrefix,
-                           const QString& replacement) {
-    QStringList lines = text.split(QLatin1Char('\n'));
-    int at = 0;
-    while (at < lines.size() && !lines[at].startsWith(idLine))
-        ++at;
-    for (++at; at < lines.size() && !lines[at].startsWith(QLatin1String("ID:")); ++at)
-        if (lines[at].startsWith(linePrefix)) {
-            lines[at] = replacement;
-            return lines.join(QLatin1Char('\n'));
-        }
-    return QString();
-}
-
-// The line of that section as it stands; empty when there is none.
-inline QString lineOf(const QString& text, const QString& idLine, const QString& linePrefix) {
-    const QStringList lines = text.split(QLatin1Char('\n'));
+// Where, inside the section that follows the line starting with `idLine`, the first line
+// starting with `linePrefix` stands; -1 when there is none.
+inline int lineIndex(const QStringList& lines, const QString& idLine, const QString& linePrefix) {
     int at = 0;
     while (at < lines.size() && !lines[at].startsWith(idLine))
         ++at;
     for (++at; at < lines.size() && !lines[at].startsWith(QLatin1String("ID:")); ++at)
         if (lines[at].startsWith(linePrefix))
-            return lines[at];
-    return QString();
+            return at;
+    return -1;
+}
+
+// That line replaced by `replacement`; empty when there is no such line.
+inline QString replaceLine(const QString& text, const QString& idLine, const QString& linePrefix,
+                           const QString& replacement) {
+    QStringList lines = text.split(QLatin1Char('\n'));
+    const int at = lineIndex(lines, idLine, linePrefix);
+    if (at < 0)
+        return QString();
+    lines[at] = replacement;
+    return lines.join(QLatin1Char('\n'));
+}
+
+// That line as it stands; empty when there is none.
+inline QString lineOf(const QString& text, const QString& idLine, const QString& linePrefix) {
+    const QStringList lines = text.split(QLatin1Char('\n'));
+    return lines.value(lineIndex(lines, idLine, linePrefix));
 }
 
 // Replaces value `column` (counted from 0) of a "row: <tab>v<tab>v..." line.

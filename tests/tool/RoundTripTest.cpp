@@ -1,10 +1,11 @@
 // export -> edit -> import through the built binary, on the sample image: what changes, what
 // must not, and the blocks that are left alone because they cannot be read back faithfully.
 #include "CalibrationText.h"
+#include "ChainBlocks.h"
 #include "TestImages.h"
 #include "ToolHarness.h"
 
-#include <ChainWalker.h>
+#include <BlockImage.h>
 #include <HwCalibTableBlocks.h>
 #include <gtest/gtest.h>
 
@@ -25,13 +26,6 @@ struct Exported {
         text = QString::fromUtf8(tool.read("cal.txt"));
     }
 };
-
-int offsetOf(const QByteArray& image, quint16 id) {
-    for (const epromtool::BlockEntry& entry : epromtool::ChainWalker::walk(image).blocks)
-        if (entry.id == id)
-            return entry.offset;
-    return -1;
-}
 
 QList<int> differingOffsets(const QByteArray& a, const QByteArray& b) {
     QList<int> offsets;
@@ -65,7 +59,8 @@ TEST(ToolRoundTrip, OneEditedValueChangesOnlyThatCellAndTheChecksum) {
     EXPECT_EQ(import.exitCode, 0);
     const QByteArray edited = sample.tool.read("new.bin");
     ASSERT_EQ(edited.size(), sample.image.size());
-    const int block = offsetOf(sample.image, 15731);
+    int block = 0;
+    blockWithId(sample.image, 15731, &block);
     const int cell = block + 16 + (1 * 10 + 3) * 4; // row 1, column 3 of four int rows of ten
     const QList<int> changed = differingOffsets(sample.image, edited);
     ASSERT_FALSE(changed.isEmpty());
@@ -74,8 +69,7 @@ TEST(ToolRoundTrip, OneEditedValueChangesOnlyThatCellAndTheChecksum) {
         EXPECT_TRUE((at >= block + 4 && at < block + 6) || (at >= cell && at < cell + 4)) << at;
 
     HwDatablockOroRfboAlcData alc;
-    alc.setDataWithoutChecksumCheck(
-        reinterpret_cast<const unsigned char*>(edited.constData()) + block, 176);
+    epromtool::loadImage(alc, blockWithId(edited, 15731));
     EXPECT_EQ(alc.getCalValue(1, 3), 2050);
     EXPECT_TRUE(alc.verifyChecksum());
     const QString outcome = import.outLines().filter("RFBO_ALC_DATA").value(0);
@@ -126,9 +120,7 @@ TEST(ToolRoundTrip, CountIndexAndDescriptorEditsAreReportedInTheTablesTerms) {
     EXPECT_TRUE(lines.contains("8 of 13 blocks have a section in cal.txt, 3 replaced"));
 
     HwDatablockTeshRfboAttCalVecData table;
-    const QByteArray edited = sample.tool.read("new.bin");
-    table.setDataWithoutChecksumCheck(
-        reinterpret_cast<const unsigned char*>(edited.constData()) + offsetOf(edited, 15843), 2284);
+    epromtool::loadImage(table, blockWithId(sample.tool.read("new.bin"), 15843));
     EXPECT_EQ(table.getIndex(2), 25);
     EXPECT_EQ(table.getColCount(), 6u);
 }

@@ -1,6 +1,8 @@
 // epromtool sample: the demonstration image, its examples, goldens and what its blocks hold.
+#include "ChainBlocks.h"
 #include "ToolHarness.h"
 
+#include <BlockImage.h>
 #include <ChainWalker.h>
 #include <HwCalibTableBlocks.h>
 #include <HwDatablockIdent.h>
@@ -22,14 +24,9 @@ QByteArray example(const char* name) {
 
 // The block with this id, loaded into an object of its class.
 template <class Block> void loadBlock(Block& block, const QByteArray& image, quint16 id) {
-    for (const epromtool::BlockEntry& entry : epromtool::ChainWalker::walk(image).blocks)
-        if (entry.id == id) {
-            block.setDataWithoutChecksumCheck(
-                reinterpret_cast<const unsigned char*>(entry.image.constData()),
-                static_cast<unsigned int>(entry.image.size()));
-            return;
-        }
-    ADD_FAILURE() << "no block " << id;
+    const QByteArray bytes = blockWithId(image, id);
+    ASSERT_FALSE(bytes.isEmpty()) << "no block " << id;
+    epromtool::loadImage(block, bytes);
 }
 
 } // namespace

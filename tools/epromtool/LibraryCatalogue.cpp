@@ -3,6 +3,7 @@
 #include "LibraryCatalogue.h"
 
 #include "BlockCheck.h"
+#include "BlockImage.h"
 #include "ChainWalker.h"
 #include "CoutCapture.h"
 #include "HexForm.h"
@@ -25,10 +26,7 @@ quint16 idOf(const QByteArray& block) {
 // own words, so the library's check stays silent.
 class QuietBlock : public Tupsim::HwDatablock {
 public:
-    explicit QuietBlock(const QByteArray& image) : HwDatablock(false) {
-        setDataWithoutChecksumCheck(reinterpret_cast<const unsigned char*>(image.constData()),
-                                    static_cast<unsigned int>(image.size()));
-    }
+    explicit QuietBlock(const QByteArray& image) : HwDatablock(false) { loadImage(*this, image); }
     using HwDatablock::verifyChecksum;
     bool verifyChecksum() override { return true; }
 };
@@ -174,9 +172,7 @@ std::string LibraryCatalogue::printed(const QByteArray& block) {
     }
     if (BlockCheck::carriesCrc(id) && block.size() >= ChainWalker::HeaderSize) {
         Tupsim::HwDatablock2Edition selfDescribing;
-        selfDescribing.setDataWithoutChecksumCheck(
-            reinterpret_cast<const unsigned char*>(block.constData()),
-            static_cast<unsigned int>(block.size()));
+        loadImage(selfDescribing, block);
         std::ostringstream out;
         selfDescribing.printToStream2Edition(out, Tupsim::HwSDataBlockCfg());
         return out.str();

@@ -1,6 +1,7 @@
 // Drives one concrete table block class for the tool: print, read back, shape, compare.
 #pragma once
 
+#include "BlockImage.h"
 #include "TableKind.h"
 
 #include <HwCalibTableBlocks.h>
@@ -61,14 +62,9 @@ public:
     }
 
 private:
-    static void load(Block& block, const QByteArray& image) {
-        block.setDataWithoutChecksumCheck(reinterpret_cast<const unsigned char*>(image.constData()),
-                                          static_cast<unsigned int>(image.size()));
-    }
-
     static void print(const QByteArray& image, std::ostream& out) {
         Block block(false);
-        load(block, image);
+        loadImage(block, image);
         block.printToStream(out);
     }
 
@@ -82,7 +78,7 @@ private:
 
     static TableShape shape(const QByteArray& image) {
         Block block(false);
-        load(block, image);
+        loadImage(block, image);
         const tableBase::Capacity most = tableBase::of(static_cast<Block*>(nullptr));
         TableShape shape;
         shape.imageSize = static_cast<int>(sizeof(typename Block::HwSDatablock));
@@ -96,8 +92,8 @@ private:
     static TableChange compare(const QByteArray& before, const QByteArray& after) {
         Block a(false);
         Block b(false);
-        load(a, before);
-        load(b, after);
+        loadImage(a, before);
+        loadImage(b, after);
         TableChange change;
         change.rowsBefore = a.getRowCount();
         change.colsBefore = a.getColCount();
