@@ -3,8 +3,11 @@ BUILD ?= build
 JOBS ?= $(shell nproc)
 PACKAGES := cmake g++ make qtbase5-dev libgtest-dev libgmock-dev libbenchmark-dev zlib1g-dev
 IMAGE ?= examples/sample.eeprom
+# `make run` writes its export here, never into the repository.
+RUN_DIR ?= $(or $(TMPDIR),/tmp)/epromtool-run
+TOOL = $(BUILD)/tools/epromtool/epromtool
 
-.PHONY: all deps configure build test asan run bench format clean
+.PHONY: all deps configure build test asan run examples goldens bench format clean
 
 all: build
 
@@ -30,12 +33,22 @@ asan: deps
 	cmake --build build-asan -j $(JOBS)
 	cd build-asan && ctest --output-on-failure -j $(JOBS)
 
+# list, verify and export IMAGE; every step runs, and the worst exit code is make's.
 run: build
-	@if [ -x $(BUILD)/tools/epromtool/epromtool ]; then \
-		$(BUILD)/tools/epromtool/epromtool list $(IMAGE); \
-		$(BUILD)/tools/epromtool/epromtool verify $(IMAGE); \
-		$(BUILD)/tools/epromtool/epromtool export $(IMAGE); \
-	else echo "epromtool is not built yet"; fi
+	@mkdir -p "$(RUN_DIR)"; out="$(RUN_DIR)/$$(basename "$(IMAGE)").cal"; rm -f "$$out"; worst=0; \
+	step() { echo "== epromtool $$*"; $(TOOL) "$$@"; code=$$?; [ $$code -le $$worst ] || worst=$$code; }; \
+	step list "$(IMAGE)"; step verify "$(IMAGE)"; step export "$(IMAGE)" -o "$$out"; \
+	[ ! -f "$$out" ] || echo "== export written to $$out ($$(wc -l < "$$out") lines)"; \
+	exit $$worst
+
+# Regenerates the demonstration image and its export with the built tool.
+examples: build
+	$(TOOL) sample -o examples/sample.eeprom
+	$(TOOL) export examples/sample.eeprom -o examples/sample.cal
+
+# Regenerates the examples and every golden file of the tool's tests from what the build prints.
+goldens: examples
+	EPROM_UPDATE_GOLDENS=1 $(BUILD)/tests/test_tool --gtest_brief=1
 
 bench: build
 	@for b in $(BUILD)/bench/bench_*; do [ -x $$b ] && $$b; done

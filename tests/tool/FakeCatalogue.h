@@ -23,19 +23,21 @@ public:
     }
     bool readsAscii(const QByteArray& block) override { return block[0] != 0x13; }
     void print(const QByteArray&, std::ostream&) override {}
-    bool parse(const QByteArray& block, std::istream& in, QByteArray& parsed) override {
+    epromtool::SectionRead parse(const QByteArray& block, std::istream& in) override {
+        epromtool::SectionRead read;
         if (block[0] == 0x11)
             std::exit(2);
         if (block[0] == 0x12)
-            return false;
+            return read;
         in.clear();
         in.seekg(0);
         int value = 0;
         in >> value;
-        parsed = block;
-        parsed[parsed.size() - 1] = static_cast<char>(value);
-        sealChecksum(parsed);
-        return true;
+        read.outcome = epromtool::SectionRead::Read;
+        read.image = block;
+        read.image[read.image.size() - 1] = static_cast<char>(value);
+        sealChecksum(read.image);
+        return read;
     }
 };
 

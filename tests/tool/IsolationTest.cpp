@@ -49,13 +49,13 @@ TEST(SectionImport, ParsesInTheChildAndSurvivesAReaderThatExits) {
     ASSERT_TRUE(SectionImport::run(catalogue, chain.blocks, {0, 1}, "99 rest", parsed, error));
     ASSERT_EQ(parsed.size(), 2);
     EXPECT_EQ(parsed[0].index, 0);
-    EXPECT_TRUE(parsed[0].read);
+    EXPECT_EQ(parsed[0].read.outcome, SectionRead::Read);
     QByteArray expected = calibBlock();
     expected[11] = 99;
     sealChecksum(expected);
-    EXPECT_EQ(parsed[0].image, expected);
+    EXPECT_EQ(parsed[0].read.image, expected);
     EXPECT_EQ(parsed[1].index, 1);
-    EXPECT_FALSE(parsed[1].read);
+    EXPECT_EQ(parsed[1].read.outcome, SectionRead::Unreadable);
 
     EXPECT_FALSE(SectionImport::run(catalogue, chain.blocks, {0, 2}, "99", parsed, error));
     EXPECT_EQ(error, "the calibration reader stopped: it ended the process with status 2");

@@ -61,8 +61,12 @@ ToolResult ToolHarness::run(const QStringList& arguments) const {
     return result;
 }
 
-QString ToolHarness::golden(const QString& name) {
+QString ToolHarness::golden(const QString& name, const QString& actual) {
     QFile file(QStringLiteral(EPROM_TEST_DATA_DIR "/tool/") + name);
+    if (qEnvironmentVariableIsSet("EPROM_UPDATE_GOLDENS") && file.open(QIODevice::WriteOnly)) {
+        file.write(actual.toUtf8());
+        file.close();
+    }
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <ostream>
 
 namespace Tupsim {
 namespace test {
@@ -26,8 +27,9 @@ public:
     bool exists(const QString& name) const;
     // Runs epromtool with the scratch directory as working directory.
     ToolResult run(const QStringList& arguments) const;
-    // The text of a golden file under tests/data/tool.
-    static QString golden(const QString& name);
+    // The text of a golden file under tests/data/tool. With EPROM_UPDATE_GOLDENS set in the
+    // environment the file is first rewritten with `actual`: how the goldens are regenerated.
+    static QString golden(const QString& name, const QString& actual);
 
 private:
     QTemporaryDir dir;
@@ -35,3 +37,8 @@ private:
 
 } // namespace test
 } // namespace Tupsim
+
+// Readable failure messages for Qt strings.
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}

@@ -1,6 +1,8 @@
 // What the tool knows about block classes; all other work it does with the datablock core.
 #pragma once
 
+#include "SectionRead.h"
+
 #include <QByteArray>
 #include <QString>
 #include <istream>
@@ -21,10 +23,11 @@ public:
     virtual bool readsAscii(const QByteArray& block) = 0;
     // Writes the block as a section of a calibration file.
     virtual void print(const QByteArray& block, std::ostream& out) = 0;
-    // Reads the block's section from `calibrationFile` into `parsed` (a whole block image);
-    // false when it cannot. The reader may end the process on a malformed file.
-    virtual bool parse(const QByteArray& block, std::istream& calibrationFile,
-                       QByteArray& parsed) = 0;
+    // Reads the block's section from `calibrationFile` back into a whole block image. The
+    // reader may end the process on a malformed file.
+    virtual SectionRead parse(const QByteArray& block, std::istream& calibrationFile) = 0;
+    // What changed between two images of one block, e.g. "2 bytes changed".
+    virtual QString describeChange(const QByteArray& before, const QByteArray& after);
 };
 
 // The catalogue this build of the tool uses.

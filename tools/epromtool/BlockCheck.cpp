@@ -1,6 +1,8 @@
 // Checks one block with the library's own checksum and CRC-32 routines.
 #include "BlockCheck.h"
 
+#include "BlockImage.h"
+
 #include <HwDatablock.h>
 
 namespace epromtool {
@@ -11,9 +13,7 @@ BlockStatus BlockCheck::check(const BlockEntry& entry) {
         return status; // the end block has no checksum of its own
 
     Tupsim::HwDatablock block(false);
-    block.setDataWithoutChecksumCheck(
-        reinterpret_cast<const unsigned char*>(entry.image.constData()),
-        static_cast<unsigned int>(entry.image.size()));
+    loadImage(block, entry.image);
     // The walker cut the image to the block size (at most 65535), so the buffer forms check
     // exactly the block; unlike the object form they print nothing on a failure.
     auto* words = reinterpret_cast<unsigned short*>(block.getData());

@@ -3,7 +3,6 @@
 
 #include "BlockCatalogue.h"
 #include "CalibrationFile.h"
-#include "ChainDiff.h"
 #include "SectionImport.h"
 
 #include "core/HwBytes.h"
@@ -12,24 +11,33 @@ namespace epromtool {
 
 namespace {
 
-// "block 15731 at 0x0120 NAME: ..." for one looked-up block.
-QString outcomeLine(const BlockReport& block, const SectionImport::Parsed& parsed) {
+// "block 15731 at 0x0120 NAME: ..." for one looked-up block, then what its reader wrote.
+QStringList outcomeLines(BlockCatalogue& catalogue, const BlockReport& block,
+                         const SectionImport::Parsed& parsed) {
+    using Tupsim::bytes::getLE;
     const QString head = QStringLiteral("block %1 at %2 %3: ")
                              .arg(QString::number(block.entry.id),
                                   hex16(static_cast<unsigned>(block.entry.offset)), block.textId);
-    if (!parsed.read)
-        return head + QStringLiteral("could not be read, left as it was");
-    if (parsed.image == block.entry.image)
-        return head + QStringLiteral("unchanged");
-    using Tupsim::bytes::getLE;
-    const int bytes = ChainDiff::payloadBytesChanged(block.entry.image, parsed.image);
-    QString line = head + (bytes == 1 ? QStringLiteral("1 byte changed")
-                                      : QStringLiteral("%1 bytes changed").arg(bytes));
-    if (parsed.image.size() != block.entry.image.size())
-        line += QStringLiteral(", size %1 -> %2").arg(block.entry.size).arg(parsed.image.size());
-    return line + QStringLiteral(", checksum %1 -> %2")
-                      .arg(hex16(getLE<quint16>(block.entry.image, 4)),
-                           hex16(getLE<quint16>(parsed.image, 4)));
+    const QByteArray& image = parsed.read.image;
+    QString line;
+    if (parsed.read.outcome == SectionRead::NotImportable)
+        line = QStringLiteral("not importable, %1; left as it was").arg(parsed.read.note);
+    else if (parsed.read.outcome != SectionRead::Read)
+        line = QStringLiteral("could not be read, left as it was");
+    else if (image == block.entry.image)
+        line = QStringLiteral("unchanged");
+    else {
+        line = catalogue.describeChange(block.entry.image, image);
+        if (image.size() != block.entry.image.size())
+            line += QStringLiteral(", size %1 -> %2").arg(block.entry.size).arg(image.size());
+        line +=
+            QStringLiteral(", checksum %1 -> %2")
+                .arg(hex16(getLE<quint16>(block.entry.image, 4)), hex16(getLE<quint16>(image, 4)));
+    }
+    QStringList lines{head + line};
+    for (const QString& message : parsed.messages.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
+        lines << QStringLiteral("  reader: ") + message;
+    return lines;
 }
 
 } // namespace
@@ -38,6 +46,7 @@ bool CalibrationImport::read(const ImageReport& report, BlockCatalogue& catalogu
                              const QByteArray& calibrationText, QString& error) {
     changed.clear();
     lines.clear();
+    looked = 0;
     const CalibrationFile sections(calibrationText);
     const QVector<BlockReport>& blocks = report.blocks();
     QVector<int> wanted;
@@ -52,9 +61,10 @@ bool CalibrationImport::read(const ImageReport& report, BlockCatalogue& catalogu
         return false;
     for (const SectionImport::Parsed& entry : parsed) {
         const BlockReport& block = blocks[entry.index];
-        lines << outcomeLine(block, entry);
-        if (entry.read && entry.image != block.entry.image)
-            changed.insert(entry.index, entry.image);
+        lines << outcomeLines(catalogue, block, entry);
+        ++looked;
+        if (entry.read.outcome == SectionRead::Read && entry.read.image != block.entry.image)
+            changed.insert(entry.index, entry.read.image);
     }
     return true;
 }

@@ -20,13 +20,15 @@ public:
 
     // Position in the chain to the block's new bytes, for blocks that changed.
     const QMap<int, QByteArray>& replacements() const { return changed; }
-    // One line per block looked up: what changed, or why nothing did.
+    // One line per block looked up: what changed, or why nothing did; each followed by the
+    // complaints its reader wrote, if any.
     const QStringList& outcome() const { return lines; }
-    int lookedUp() const { return lines.size(); }
+    int lookedUp() const { return looked; }
 
 private:
     QMap<int, QByteArray> changed;
     QStringList lines;
+    int looked = 0;
 };
 
 } // namespace epromtool

@@ -18,6 +18,7 @@ const QVector<CommandEntry>& CommandTable::commands() {
         {"diff", "compare two images block by block", runDiff},
         {"export", "write the blocks as an ASCII calibration file", runExport},
         {"import", "read the blocks back from an ASCII calibration file", runImport},
+        {"sample", "write a demonstration image (-o FILE)", runSample},
     };
     return table;
 }

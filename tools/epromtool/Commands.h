@@ -12,5 +12,6 @@ int runExport(const QStringList& arguments);
 int runImport(const QStringList& arguments);
 int runShow(const QStringList& arguments);
 int runDiff(const QStringList& arguments);
+int runSample(const QStringList& arguments);
 
 } // namespace epromtool

@@ -2,6 +2,7 @@
 #include "SectionImport.h"
 
 #include "BlockCatalogue.h"
+#include "CoutCapture.h"
 #include "IsolatedRun.h"
 
 #include <QDataStream>
@@ -21,9 +22,15 @@ bool SectionImport::run(BlockCatalogue& catalogue, const QVector<BlockEntry>& bl
         QByteArray result;
         QDataStream stream(&result, QIODevice::WriteOnly);
         for (int index : indexes) {
-            QByteArray image;
-            const bool read = catalogue.parse(blocks.value(index).image, in, image);
-            stream << qint32(index) << read << image;
+            SectionRead read;
+            std::string messages;
+            {
+                const CoutCapture capture;
+                read = catalogue.parse(blocks.value(index).image, in);
+                messages = capture.text();
+            }
+            stream << qint32(index) << qint32(read.outcome) << read.image << read.note
+                   << QString::fromStdString(messages);
         }
         return result;
     });
@@ -35,9 +42,12 @@ bool SectionImport::run(BlockCatalogue& catalogue, const QVector<BlockEntry>& bl
     for (int i = 0; i < indexes.size(); ++i) {
         Parsed entry;
         qint32 index = 0;
-        stream >> index >> entry.read >> entry.image;
+        qint32 outcome = 0;
+        stream >> index >> outcome >> entry.read.image >> entry.read.note >> entry.messages;
         entry.index = index;
-        if (stream.status() != QDataStream::Ok || index != indexes[i]) {
+        entry.read.outcome = static_cast<SectionRead::Outcome>(outcome);
+        if (stream.status() != QDataStream::Ok || index != indexes[i] ||
+            outcome < SectionRead::Read || outcome > SectionRead::NotImportable) {
             error = QStringLiteral("the calibration reader handed back a damaged result");
             parsed.clear();
             return false;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "BlockEntry.h"
+#include "SectionRead.h"
 
 #include <QVector>
 
@@ -13,9 +14,9 @@ class BlockCatalogue;
 class SectionImport {
 public:
     struct Parsed {
-        int index = 0;     // position of the block in the chain
-        bool read = false; // the catalogue read the section
-        QByteArray image;  // the block as read, when read
+        int index = 0; // position of the block in the chain
+        SectionRead read;
+        QString messages; // what the reader wrote to standard output meanwhile
     };
 
     // Parses the blocks at `indexes` from `calibrationText`; false when the reader did not
