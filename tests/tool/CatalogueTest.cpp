@@ -27,11 +27,15 @@ TEST(LibraryCatalogue, NamesComeFromTheCatalogueListsAndThePrintout) {
     EXPECT_EQ(catalogue.className(headerOnly(15731)), "HwDatablockOroRfboAlcData");
     EXPECT_EQ(catalogue.className(headerOnly(15606)), "HwDatablockWexWiqRfImbalanceData");
     EXPECT_EQ(catalogue.className(headerOnly(10002)), "HwDatablockSsynOpuLevelFreq");
+    EXPECT_EQ(catalogue.className(headerOnly(12051)), "HwDatablockMbrdExtLevCalDataFreq");
+    EXPECT_EQ(catalogue.className(headerOnly(209)), "HwDatablockServiceData");
+    EXPECT_EQ(catalogue.className(headerOnly(12300)), "HwDatablockTemplate");
+    EXPECT_EQ(catalogue.className(headerOnly(11304)), "HwDatablockTemplateWithoutChecksum");
+    // The directory decides: 14801 is a rear IQ imbalance block there.
+    EXPECT_EQ(catalogue.className(headerOnly(14801)), "HwDatablockDacbIqImbalanceRearPh");
     EXPECT_EQ(catalogue.className(headerOnly(20000)), "HwDatablock2Edition");
     EXPECT_EQ(catalogue.className(endBlock()), "HwDatablockEnd");
-    // Classes listed without an id answer to none, not even to 0.
     EXPECT_EQ(catalogue.className(headerOnly(0)), "HwDatablock");
-    EXPECT_EQ(TableKinds::opaqueClassName(0), "");
 
     EXPECT_EQ(LibraryCatalogue::idText("# comment\nID:              IDENT_2\nID:  OTHER\n"),
               "IDENT_2");

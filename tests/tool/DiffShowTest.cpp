@@ -100,7 +100,7 @@ TEST(ToolShow, PrintsTheBlockInHexOrThroughItsCatalogue) {
     ToolHarness tool;
     tool.write("good.bin", goodImage());
     const QString headline =
-        QStringLiteral("block 2 at 0x0000: HwDatablock IDENT_2, 16 bytes, alignment 0, "
+        QStringLiteral("block 2 at 0x0000: HwDatablockIdent IDENT_2, 16 bytes, alignment 0, "
                        "checksum %1 ok")
             .arg(checksumOf(identBlock()));
 

@@ -70,8 +70,9 @@ TEST(ToolList, JsonListingReadsBack) {
     const int offsets[] = {0, 16, 28, 48};
     const int ids[] = {2, 10000, 20001, 65535};
     const int sizes[] = {16, 12, 20, 4};
-    // Named by the catalogue lists; the first two are no table classes of them.
-    const char* classes[] = {"HwDatablock", "HwDatablock", "HwDatablock2Edition", "HwDatablockEnd"};
+    // Named by the directory's classes; the self-describing block by its kind.
+    const char* classes[] = {"HwDatablockIdent", "HwDatablockSsynOcxoRefCalValue",
+                             "HwDatablock2Edition", "HwDatablockEnd"};
     for (int i = 0; i < 4; ++i) {
         const QJsonObject block = blocks[i].toObject();
         EXPECT_EQ(block["offset"].toInt(), offsets[i]) << i;

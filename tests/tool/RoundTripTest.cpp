@@ -1,5 +1,5 @@
 // export -> edit -> import through the built binary, on the sample image: what changes, what
-// must not, and the blocks that are left alone because they cannot be read back faithfully.
+// must not, rounded values that keep their stored bytes, and damaged blocks left alone.
 #include "CalibrationText.h"
 #include "ChainBlocks.h"
 #include "TestImages.h"
@@ -125,7 +125,7 @@ TEST(ToolRoundTrip, CountIndexAndDescriptorEditsAreReportedInTheTablesTerms) {
     EXPECT_EQ(table.getColCount(), 6u);
 }
 
-TEST(ToolRoundTrip, BlocksThatCannotBeReadBackFaithfullyPassThroughUntouched) {
+TEST(ToolRoundTrip, DamagedBlocksPassThroughAndRoundedValuesKeepTheirStoredBytes) {
     ToolHarness tool;
     HwDatablockOroRfboAlcData alc;
     alc.setRowCount(2);
@@ -156,7 +156,7 @@ TEST(ToolRoundTrip, BlocksThatCannotBeReadBackFaithfullyPassThroughUntouched) {
     EXPECT_TRUE(text.contains("\n# HwDatablockOroRfboAlcData 15731, 176 bytes: counts 5*3 exceed "
                               "the capacity 4*10\n# 73 3d b0 00 "));
     const QString id = QStringLiteral("ID:  RFBO_RFLEVEL_MAX_DATA");
-    // Even an edit to the block that cannot be read back leaves it as it was.
+    // 19.40 reads back as 1939, but only the edited cell (18.50 -> 18.00) may change.
     tool.write(
         "cal.txt",
         replaceLine(text, id, "1: ", withValue(lineOf(text, id, "1: "), 1, "18.000")).toUtf8());
@@ -168,10 +168,13 @@ TEST(ToolRoundTrip, BlocksThatCannotBeReadBackFaithfullyPassThroughUntouched) {
                            "is bad; left as it was",
                            "block 15730 at 0x00b0 RFBO_ALC_FREQ: not importable, its size is 60 "
                            "bytes, the table's image has 56; left as it was",
-                           "block 15716 at 0x019c RFBO_RFLEVEL_MAX_DATA: not importable, its own "
-                           "text form reads back 1 cell differently; left as it was",
-                           "3 of 4 blocks have a section in cal.txt, 0 replaced"}));
-    EXPECT_EQ(tool.read("new.bin"), image);
+                           "block 15716 at 0x019c RFBO_RFLEVEL_MAX_DATA: 1 cell changed, "
+                           "checksum 0xafbb -> 0xafed",
+                           "3 of 4 blocks have a section in cal.txt, 1 replaced"}));
+    level.setCalValue(1800, 0, 1);
+    EXPECT_DOUBLE_EQ(level.getCalValue(0, 0), 19.4);
+    EXPECT_EQ(tool.read("new.bin"), badChecksum + longer + tooManyRows + level.getByteArrayData() +
+                                        endBlock() + QByteArray(16, '\xFF'));
 }
 
 TEST(ToolRoundTrip, AMalformedSectionStopsTheImportBeforeAnythingIsWritten) {

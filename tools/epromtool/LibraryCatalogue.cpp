@@ -12,7 +12,10 @@
 #include "core/HwBytes.h"
 
 #include <HwDatablock2Edition.h>
+#include <cstdlib>
+#include <cxxabi.h>
 #include <sstream>
+#include <typeinfo>
 
 namespace epromtool {
 
@@ -42,6 +45,21 @@ QString overflow(const TableShape& shape) {
         .arg(shape.maxCols);
 }
 
+// "HwDatablockIdent" for the type name of Tupsim::HwDatablockIdent.
+QString demangled(const char* typeName) {
+    int status = 0;
+    char* readable = abi::__cxa_demangle(typeName, nullptr, nullptr, &status);
+    QString name = QString::fromLatin1(status == 0 && readable ? readable : typeName);
+    std::free(readable);
+    name.remove(QStringLiteral("Tupsim::"));
+    // The directory's generic misc-data tables: "HwDatablockTemplate<MiscData<int, 10u, 1u>, ...>"
+    if (name.startsWith(QStringLiteral("HwDatablockMiscTemplate<")))
+        return name.endsWith(QStringLiteral("false>"))
+                   ? QStringLiteral("HwDatablockTemplateWithoutChecksum")
+                   : QStringLiteral("HwDatablockTemplate");
+    return name;
+}
+
 std::string printedBy(Tupsim::HwDatablock& block) {
     std::ostringstream out;
     block.printToStream(out);
@@ -54,11 +72,13 @@ QString LibraryCatalogue::className(const QByteArray& block) {
     const quint16 id = idOf(block);
     if (id == ChainWalker::EndId)
         return QStringLiteral("HwDatablockEnd");
+    // The directory's prototype names the class that interprets the id.
+    const auto& directory = interpreter.getDictionary();
+    const auto entry = directory.find(id);
+    if (entry != directory.end() && entry->second != nullptr)
+        return demangled(typeid(*entry->second).name());
     if (const TableKind* kind = TableKinds::find(id))
         return QLatin1String(kind->className);
-    const QString opaque = TableKinds::opaqueClassName(id);
-    if (!opaque.isEmpty())
-        return opaque;
     if (BlockCheck::carriesCrc(id))
         return QStringLiteral("HwDatablock2Edition");
     return QStringLiteral("HwDatablock");
@@ -95,7 +115,9 @@ SectionRead LibraryCatalogue::parse(const QByteArray& block, std::istream& calib
     if (idOf(image) != idOf(block))
         return result;
     result.outcome = SectionRead::Read;
-    result.image = image;
+    const QByteArray unedited = ownReadBack(*kind, block);
+    // Where the text form cannot carry a stored value exactly, only the edited cells change.
+    result.image = unedited == block ? image : kind->merge(block, unedited, image);
     return result;
 }
 
@@ -116,21 +138,30 @@ QString LibraryCatalogue::importBlocker(const TableKind& kind, const QByteArray&
     const QString tooMany = overflow(shape);
     if (!tooMany.isEmpty())
         return QStringLiteral("its ") + tooMany;
-    std::ostringstream text;
-    kind.print(block, text);
-    std::istringstream in(text.str());
-    QByteArray again;
-    {
-        const CoutCapture ownComplaints; // about the block's own text: not the file's business
-        again = kind.read(in);
-    }
+    const QByteArray again = ownReadBack(kind, block);
     if (again == block)
         return QString();
     // Bytes 4 and 5 hold the checksum, which the reader computes afresh.
     if (again.size() == block.size() && again.left(4) == block.left(4) &&
         again.mid(6) == block.mid(6))
         return QStringLiteral("its checksum is bad");
-    return QStringLiteral("its own text form ") + kind.compare(block, again).differences();
+    const TableChange change = kind.compare(block, again);
+    // Values the text form only rounds (hundredths read back a count lower) are no obstacle:
+    // the import then takes the edited cells alone.
+    const bool onlyValuesRounded =
+        again.size() == block.size() && change.rowsBefore == change.rowsAfter &&
+        change.colsBefore == change.colsAfter && change.indexes == 0 && change.descriptors == 0;
+    if (onlyValuesRounded)
+        return QString();
+    return QStringLiteral("its own text form ") + change.differences();
+}
+
+QByteArray LibraryCatalogue::ownReadBack(const TableKind& kind, const QByteArray& block) {
+    std::ostringstream text;
+    kind.print(block, text);
+    std::istringstream in(text.str());
+    const CoutCapture ownComplaints; // about the block's own text: not the file's business
+    return kind.read(in);
 }
 
 QString LibraryCatalogue::idText(const std::string& printout) {

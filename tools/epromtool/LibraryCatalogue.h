@@ -22,6 +22,8 @@ public:
     // Why a table block cannot be replaced from its text form; empty when it can. The
     // class's own printout of the block must read back to the very same bytes.
     static QString importBlocker(const TableKind& kind, const QByteArray& block);
+    // The block read back from its class's own printout of it.
+    static QByteArray ownReadBack(const TableKind& kind, const QByteArray& block);
     // What follows the first "ID:" at the start of a line of a printout, trimmed.
     static QString idText(const std::string& printout);
 

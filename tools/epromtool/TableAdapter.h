@@ -5,6 +5,7 @@
 #include "TableKind.h"
 
 #include <HwCalibTableBlocks.h>
+#include <cstring>
 
 namespace epromtool {
 
@@ -58,7 +59,7 @@ void compareExtras(Tupsim::HwDatablockBaseTemplateExtended<R, V, D, Rows, Cols>&
 template <class Block> class TableAdapter {
 public:
     static TableKind kind(const char* className, quint16 id) {
-        return {className, id, &print, &read, &shape, &compare};
+        return {className, id, &print, &read, &shape, &compare, &merge};
     }
 
 private:
@@ -109,6 +110,29 @@ private:
             }
         tableBase::compareExtras(a, b, change);
         return change;
+    }
+
+    static QByteArray merge(const QByteArray& stored, const QByteArray& unedited,
+                            const QByteArray& edited) {
+        Block result(false);
+        Block before(false);
+        Block after(false);
+        loadImage(result, stored);
+        loadImage(before, unedited);
+        loadImage(after, edited);
+        if (after.getRowCount() != before.getRowCount())
+            result.setRowCount(after.getRowCount());
+        if (after.getColCount() != before.getColCount())
+            result.setColCount(after.getColCount());
+        const tableBase::Capacity most = tableBase::of(static_cast<Block*>(nullptr));
+        auto* was = before.getBlock();
+        auto* now = after.getBlock();
+        for (unsigned int row = 0; row < most.rows; ++row)
+            for (unsigned int col = 0; col < most.cols; ++col)
+                if (std::memcmp(&was->values[row][col], &now->values[row][col],
+                                sizeof now->values[row][col]) != 0)
+                    result.setCalValue(now->values[row][col], row, col);
+        return result.getByteArrayData();
     }
 };
 

@@ -29,6 +29,12 @@ struct TableKind {
     QByteArray (*read)(std::istream& in);
     TableShape (*shape)(const QByteArray& image);
     TableChange (*compare)(const QByteArray& before, const QByteArray& after);
+    // The stored image with the edits a section makes: every cell where `edited` differs from
+    // `unedited` (the stored block read back from its own, untouched printout) takes the edited
+    // value; every other cell keeps its stored bytes, even where the text form cannot carry
+    // them exactly.
+    QByteArray (*merge)(const QByteArray& stored, const QByteArray& unedited,
+                        const QByteArray& edited);
 
     bool readsAscii() const { return read != nullptr; }
 };

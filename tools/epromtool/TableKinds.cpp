@@ -21,19 +21,8 @@ const TableKind kTableKinds[] = {
                                  Message, RowsMessage, OwnPrint)                                   \
     TableAdapter<Tupsim::Class>::kind(#Class, Id),
 #define EPROM_TABLE_BLOCK_NAMED(Class, Template, Args, NameType, Id, Factor)                       \
-    TableKind{#Class, Id, nullptr, nullptr, nullptr, nullptr},
+    TableKind{#Class, Id, nullptr, nullptr, nullptr, nullptr, nullptr},
 #include "HwCalibTableBlocks.def"
-};
-
-struct OpaqueClass {
-    const char* className;
-    quint16 firstId;
-};
-
-const OpaqueClass kOpaqueClasses[] = {
-#define EPROM_OPAQUE_BLOCK(ClassName, firstId) {#ClassName, firstId},
-#include "HwOpaqueCalibBlocks.def"
-#undef EPROM_OPAQUE_BLOCK
 };
 
 } // namespace
@@ -42,14 +31,6 @@ const TableKind* TableKinds::find(quint16 id) {
     const auto found = std::find_if(std::begin(kTableKinds), std::end(kTableKinds),
                                     [id](const TableKind& kind) { return kind.id == id; });
     return found == std::end(kTableKinds) ? nullptr : found;
-}
-
-QString TableKinds::opaqueClassName(quint16 id) {
-    // First id 0 marks a class the directory does not reach by id.
-    for (const OpaqueClass& opaque : kOpaqueClasses)
-        if (opaque.firstId == id && id != 0)
-            return QLatin1String(opaque.className);
-    return QString();
 }
 
 } // namespace epromtool

@@ -11,9 +11,6 @@ class TableKinds {
 public:
     // The table kind whose block id this is; nullptr when there is none.
     static const TableKind* find(quint16 id);
-    // The class of the further calibration blocks whose first block id this is; empty when
-    // there is none.
-    static QString opaqueClassName(quint16 id);
 };
 
 } // namespace epromtool
