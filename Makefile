@@ -38,7 +38,7 @@ run: build
 	@mkdir -p "$(RUN_DIR)"; out="$(RUN_DIR)/$$(basename "$(IMAGE)").cal"; rm -f "$$out"; worst=0; \
 	step() { echo "== epromtool $$*"; $(TOOL) "$$@"; code=$$?; [ $$code -le $$worst ] || worst=$$code; }; \
 	step list "$(IMAGE)"; step verify "$(IMAGE)"; step export "$(IMAGE)" -o "$$out"; \
-	[ ! -f "$$out" ] || echo "== export written to $$out ($$(wc -l < "$$out") lines)"; \
+	if [ -f "$$out" ]; then echo "== export written to $$out ($$(wc -l < "$$out") lines), its start:"; head -n 30 "$$out"; fi; \
 	exit $$worst
 
 # Regenerates the demonstration image and its export with the built tool.

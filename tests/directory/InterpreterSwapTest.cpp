@@ -47,7 +47,7 @@ std::vector<Kind> convertibleKinds() {
         auto* block = new HwDatablockIdent;
         block->setBlockId(static_cast<unsigned short>(id));
         block->setEepromSize(8192);
-        block->setPartNumber(1141200);
+        block->setPartNumber(1234567);
         block->setVariant(2);
         block->setHardwareCode(0x83);
         block->setProductIndex(0x1234);

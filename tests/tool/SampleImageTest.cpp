@@ -105,7 +105,7 @@ TEST(SampleImage, BlocksHoldTheValuesTheSettersStored) {
     HwDatablockIdent ident;
     loadBlock(ident, image, 2);
     EXPECT_EQ(ident.getEepromSize(), 32768u);
-    EXPECT_EQ(ident.getPartNumber(), 11412008u);
+    EXPECT_EQ(ident.getPartNumber(), 12345678u);
     EXPECT_EQ(ident.getVariant(), 2);
     EXPECT_EQ(ident.getName(), "RF-BOARD 6G");
 

@@ -32,7 +32,7 @@ QByteArray SampleImage::build() {
 QByteArray SampleImage::identification() {
     Tupsim::HwDatablockIdent ident;
     ident.setEepromSize(EepromSize);
-    ident.setPartNumber(11412008); // 1141.2008
+    ident.setPartNumber(12345678); // 1234.5678
     ident.setVariant(2);
     ident.setHardwareCode(37);
     ident.setProductIndex(301); // 03.01
