@@ -167,13 +167,6 @@ TEST(RefCalValue, CountAccessors) {
     ASSERT_EQ(fsyn.setBlock(&record), 0);
     EXPECT_EQ(fsyn.getCount(), 0x34); // the low byte
 
-    HwDatablockSynexOcxoRefCalValue synex;
-    synex.setCount(3);
-    EXPECT_EQ(synex.getCount(), 3);
-    HwDatablockSsynOcxoRefCalValue ssyn;
-    ssyn.setCount(255);
-    EXPECT_EQ(ssyn.getCount(), 255);
-
     HwDatablockWexBaseboardCalibValue wex;
     wex.setCount(0x01020304u);
     EXPECT_EQ(hex(wex.getByteArrayData().mid(8, 4)), "04 03 02 01");

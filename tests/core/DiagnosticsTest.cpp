@@ -27,10 +27,6 @@ TEST(Diagnostics, InitHandsOverTheDescriptionTables) {
     EXPECT_EQ(services.debug.classTexts[12], "        Diagnose, ");
     HwDebug::exit();
     EXPECT_EQ(services.debug.exitCalls, 1);
-    HwDebug::setDebugLevel(3);
-    HwDebug::setDebugMask(0x100);
-    EXPECT_EQ(services.debug.clipping, 3);
-    EXPECT_EQ(services.debug.mask, 0x100);
 }
 
 TEST(Diagnostics, CheckThenLineUsesTheLastClassAndLevel) {

@@ -186,11 +186,6 @@ TEST(HwDatablock2Edition, ServesTheAccessInterface) {
     EXPECT_FLOAT_EQ(access->getUpdateIndex(), 1.05f);
     EXPECT_FALSE(access->isListFormat());
     access->setListFormat(true);
-    EXPECT_TRUE(block.isListFormat());
-    EXPECT_TRUE(access->setEepromSector(7));
-    EXPECT_EQ(block.HwDatablock::getEepromSector(), 7u);
-    EXPECT_TRUE(access->setEepromAddress(0x40));
-    EXPECT_EQ(block.getEepromAddress(), 0x40u);
     EXPECT_EQ(access->computeChecksum32(), block.HwDatablock::computeChecksum32());
 
     HwDatablock2Edition copy = block; // copies image, list flag and the rest

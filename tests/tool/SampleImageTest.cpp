@@ -7,9 +7,6 @@
 #include <HwCalibTableBlocks.h>
 #include <HwDatablockIdent.h>
 #include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <gtest/gtest.h>
 
 using namespace Tupsim;
@@ -58,42 +55,6 @@ TEST(SampleImage, ListAndVerifyMatchTheirGoldens) {
     EXPECT_EQ(verify.exitCode, 0);
     EXPECT_EQ(verify.out, ToolHarness::golden("sample_verify.txt", verify.out));
     EXPECT_EQ(list.err + verify.err, "");
-}
-
-TEST(SampleImage, JsonListingDescribesAnUnbrokenCheckedChain) {
-    ToolHarness tool;
-    ASSERT_EQ(tool.run({"sample", "-o", "sample.eeprom"}).exitCode, 0);
-    const ToolResult list = tool.run({"list", "sample.eeprom", "--json"});
-    ASSERT_EQ(list.exitCode, 0);
-    const QJsonObject root = QJsonDocument::fromJson(list.out.toUtf8()).object();
-    EXPECT_EQ(root["imageSize"].toInt(), 32768);
-    EXPECT_TRUE(root["problems"].toArray().isEmpty());
-
-    const QJsonArray blocks = root["blocks"].toArray();
-    const int ids[] = {2,     200,   300,   100,   15730, 15731, 15842,
-                       15843, 15715, 15716, 16002, 16003, 20010, 65535};
-    ASSERT_EQ(blocks.size(), 14);
-    int offset = 0;
-    for (int i = 0; i < blocks.size(); ++i) {
-        const QJsonObject block = blocks[i].toObject();
-        EXPECT_EQ(block["id"].toInt(), ids[i]) << i;
-        EXPECT_EQ(block["offset"].toInt(), offset) << i; // blocks follow without gaps
-        offset += block["size"].toInt();
-        const bool end = ids[i] == 65535;
-        EXPECT_EQ(block["checksum"].isNull(), end) << i;
-        EXPECT_TRUE(end || block["checksum"].toObject()["ok"].toBool()) << i;
-        // Only the self-describing block carries a CRC-32, and a valid one.
-        EXPECT_EQ(block["crc32"].toObject()["ok"].toBool(), ids[i] == 20010) << i;
-    }
-    EXPECT_EQ(root["endOffset"].toInt(), offset - 4);
-    EXPECT_EQ(root["used"].toInt(), offset);
-    EXPECT_EQ(root["free"].toInt(), 32768 - offset);
-    // Table blocks go by the names their sections carry, with the class behind them.
-    const QJsonObject alc = blocks[5].toObject();
-    EXPECT_EQ(alc["textId"].toString(), "RFBO_ALC_DATA");
-    EXPECT_EQ(alc["className"].toString(), "HwDatablockOroRfboAlcData");
-    EXPECT_EQ(blocks[12].toObject()["textId"].toString(), "USER_20010");
-    EXPECT_EQ(blocks[12].toObject()["className"].toString(), "HwDatablock2Edition");
 }
 
 TEST(SampleImage, BlocksHoldTheValuesTheSettersStored) {
