@@ -1,5 +1,5 @@
 // The table-based calibration catalogue: every class with its name, id, factor and size, the
-// headed line form and the TCXO table. The text forms of the templates are tested with them.
+// text round trip for each template kind, the headed line form and the TCXO table.
 #include "support/Bytes.h"
 #include "support/Recorders.h"
 
@@ -126,6 +126,7 @@ TEST(CalibCatalogue, CallerNamedClassesTakeNameAndInstance) {
     HwDatablockTeshVectorLevconTempData levcon("VECTOR_LEVCON_TEMP_DATA", 9, true);
     EXPECT_EQ(levcon.getId(), 15862u);
     EXPECT_EQ(levcon.getBlockSize(), 6416);
+    EXPECT_TRUE(levcon.getStopConversionOnError());
 }
 
 namespace {
@@ -144,6 +145,76 @@ template <typename Block> QByteArray readBack(Block& source, Block& fresh) {
 }
 
 } // namespace
+
+TEST(CalibCatalogue, EachTemplateKindSurvivesItsTextForm) {
+    ServiceRecorders services;
+    HwDatablockOroRfboAlcFreq freq; // vector, factor 100
+    freq.setRowCount(3);
+    freq.setColCount(1);
+    const unsigned points[] = {100000, 2500000, 60000000}; // 10 MHz, 250 MHz, 6 GHz in 100 Hz
+    for (unsigned r = 0; r < 3; ++r)
+        freq.setCalValue(points[r], r, 0);
+    EXPECT_DOUBLE_EQ(freq.getCalValue(0, 0), 10000000.0);
+    EXPECT_EQ(printed(freq), "ID:  RFBO_ALC_FREQ\nCOUNT:  3*1\n1:  10000000.000\n"
+                             "2:  250000000.000\n3:  6000000000.000\n\n");
+    HwDatablockOroRfboAlcFreq freqBack;
+    EXPECT_EQ(readBack(freq, freqBack), freq.getByteArrayData());
+
+    HwDatablockOroRfboRfLevelMaxData level; // 2 x 128 of hundredths of a dB
+    level.setRowCount(2);
+    level.setColCount(3);
+    const int hundredths[2][3] = {{-1234, 550, 0}, {-321, 123, 1975}};
+    for (unsigned r = 0; r < 2; ++r)
+        for (unsigned c = 0; c < 3; ++c)
+            level.setCalValue(hundredths[r][c], r, c);
+    EXPECT_DOUBLE_EQ(level.getCalValue(0, 0), -12.34);
+    EXPECT_EQ(printed(level), "ID:  RFBO_RFLEVEL_MAX_DATA\nCOUNT:  2*3\n"
+                              "1: \t-12.340\t5.500\t0.000\n2: \t-3.210\t1.230\t19.750\n\n");
+    HwDatablockOroRfboRfLevelMaxData levelBack;
+    EXPECT_EQ(readBack(level, levelBack), level.getByteArrayData());
+    // 19.99 dB divided by 0.01 is 1998.99...: the reader cuts toward zero, it does not round
+    level.setCalValue(1999, 1, 2);
+    readBack(level, levelBack);
+    EXPECT_EQ(levelBack.getCalValue(1, 2), 19.98);
+
+    HwDatablockOroRfboAttCalData indexed; // rows carry an index of their own
+    indexed.setRowCount(2);
+    indexed.setColCount(2);
+    indexed.setIndex(-10, 0);
+    indexed.setIndex(30, 1);
+    indexed.setCalValue(7, 0, 0);
+    indexed.setCalValue(-8, 0, 1);
+    indexed.setCalValue(9, 1, 0);
+    indexed.setCalValue(10, 1, 1);
+    EXPECT_EQ(printed(indexed), "ID:  RFBO_ATT_CAL_DATA\nCOUNT:  2*2\n"
+                                "-10: \t7.000\t-8.000\n30: \t9.000\t10.000\n\n");
+    HwDatablockOroRfboAttCalData indexedBack;
+    EXPECT_EQ(readBack(indexed, indexedBack), indexed.getByteArrayData());
+
+    HwDatablockTeshRfboExtCalVecUserData extended; // descriptors in front of the table
+    std::string first = "USER_CAL_0001";
+    extended.setDescriptor(0, first);
+    extended.setRowCount(1);
+    extended.setColCount(2);
+    extended.setCalValue(-250, 0, 0);
+    extended.setCalValue(125, 0, 1);
+    HwDatablockTeshRfboExtCalVecUserData extendedBack;
+    EXPECT_EQ(readBack(extended, extendedBack), extended.getByteArrayData());
+    std::string descriptor;
+    extendedBack.getDescriptor(0, descriptor);
+    EXPECT_EQ(descriptor, std::string("USER_CAL_0001\0\0\0", 16));
+
+    char wexName[] = "WEX_IQ_RF_IMBALANCE";
+    HwDatablockWexWiqRfImbalanceData wex(wexName, 0, false);
+    wex.setRowCount(1);
+    wex.setColCount(2);
+    wex.setCalValue(0.5f, 0, 0);
+    wex.setCalValue(-1.25f, 0, 1);
+    EXPECT_EQ(printed(wex), "ID:  WEX_IQ_RF_IMBALANCE\nCOUNT:  1*2\n"
+                            "1: \t0.5000000000\t-1.2500000000\n\n");
+    HwDatablockWexWiqRfImbalanceData wexBack(wexName, 0, false);
+    EXPECT_EQ(readBack(wex, wexBack), wex.getByteArrayData());
+}
 
 namespace {
 
