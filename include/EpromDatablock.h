@@ -19,6 +19,7 @@
 #include "HwDatablockBaseTemplateExtended.h"
 #include "HwDatablockBaseTemplateIndex.h"
 #include "HwDatablockBaseTemplateWexW.h"
+#include "TextReadStatus.h"
 
 // Directory and self-describing blocks
 #include "CommonDatablockAccess.h"
