@@ -40,6 +40,9 @@ namespace Tupsim {
         ~Class() override;                                                                         \
         std::ostream& conv2ascii(std::ostream& out, Table& source);                                \
         std::istream& searchascii(std::istream& in, Table& target);                                \
+        /* searchascii that reports instead of writing to standard output; reads the headed */     \
+        /* form as searchascii does, and hides the table's own readSection */                      \
+        TextReadStatus readSection(std::istream& in, Table& target);                               \
         std::ostream& printToStream(std::ostream& out) override;                                   \
     };
 

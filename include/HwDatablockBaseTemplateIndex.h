@@ -2,6 +2,7 @@
 #pragma once
 
 #include "HwDatablock.h"
+#include "TextReadStatus.h"
 
 #include <istream>
 #include <ostream>
@@ -73,6 +74,11 @@ public:
     // Name, id, instance, factor and capacities are this object's; the result goes to target.
     std::istream& readbin(std::istream& in, HwDatablockBaseTemplateIndex& target);
     std::istream& searchascii(std::istream& in, HwDatablockBaseTemplateIndex& target);
+    // Reads this block's section like searchascii, but keeps the complaints in the result
+    // instead of writing them to standard output; `target` is loaded only when the result is
+    // ok(). Complaints do not fail the read (the block is loaded as searchascii loads it); a
+    // missing id or count line, a negative count and a count above the capacity do.
+    TextReadStatus readSection(std::istream& in, HwDatablockBaseTemplateIndex& target);
     // The line form: this object's name with the counts, indexes and cells of source.
     std::ostream& conv2ascii(std::ostream& out, HwDatablockBaseTemplateIndex& source);
     std::ostream& printToStream(std::ostream& out) override;
@@ -82,6 +88,9 @@ protected:
     std::ostream& writeHeadedLineForm(std::ostream& out, const HeadedLineForm& form,
                                       HwDatablockBaseTemplateIndex& source);
     std::istream& readHeadedLineForm(std::istream& in, const HeadedLineForm& form,
+                                     HwDatablockBaseTemplateIndex& target);
+    // The headed line form, reported on as readSection reports.
+    TextReadStatus readHeadedSection(std::istream& in, const HeadedLineForm& form,
                                      HwDatablockBaseTemplateIndex& target);
 
 private:

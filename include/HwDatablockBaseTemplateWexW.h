@@ -2,6 +2,7 @@
 #pragma once
 
 #include "HwDatablock.h"
+#include "TextReadStatus.h"
 
 #include <istream>
 #include <ostream>
@@ -71,6 +72,12 @@ public:
     // Name, id, instance, factor and capacities are this object's; the result goes to target.
     std::istream& readbin(std::istream& in, HwDatablockBaseTemplateWexW& target);
     std::istream& searchascii(std::istream& in, HwDatablockBaseTemplateWexW& target);
+    // Reads this block's section like searchascii, but reports what went wrong instead of
+    // ending the process or writing anything; `target` is loaded only when the result is ok().
+    // Stricter than searchascii: a missing "ID:" or name fails whatever
+    // getStopConversionOnError() says, and so do counts that are negative as signed 32-bit
+    // numbers and values that cannot be read as numbers of the table.
+    TextReadStatus readSection(std::istream& in, HwDatablockBaseTemplateWexW& target);
     // This object's name with the counts and cells of source, one line per row.
     std::ostream& conv2ascii(std::ostream& out, HwDatablockBaseTemplateWexW& source);
     std::ostream& printToStream(std::ostream& out) override;

@@ -131,6 +131,17 @@ std::istream& HwDatablockBaseTemplate<TRaw, TValue, MaxRows, MaxCols>::searchasc
 }
 
 template <typename TRaw, typename TValue, unsigned int MaxRows, unsigned int MaxCols>
+TextReadStatus HwDatablockBaseTemplate<TRaw, TValue, MaxRows, MaxCols>::readSection(
+    std::istream& in, HwDatablockBaseTemplate& target) {
+    QByteArray built;
+    const TextReadStatus status =
+        core().imageFromTokenForm(in, name, detail::TableImage::idWord(blockId, instance), built);
+    if (status.ok())
+        target.setBlock(reinterpret_cast<HwSDatablock*>(built.data()));
+    return status;
+}
+
+template <typename TRaw, typename TValue, unsigned int MaxRows, unsigned int MaxCols>
 std::ostream& HwDatablockBaseTemplate<TRaw, TValue, MaxRows, MaxCols>::conv2ascii(
     std::ostream& out, HwDatablockBaseTemplate& source) {
     detail::writeTokenIdLine(out, name);
@@ -159,6 +170,20 @@ std::istream& HwDatablockBaseTemplate<TRaw, TValue, MaxRows, MaxCols>::readHeade
     QByteArray built = core().imageFromLines(parsed, detail::TableImage::idWord(blockId, instance));
     target.setBlock(reinterpret_cast<HwSDatablock*>(built.data()));
     return in;
+}
+
+template <typename TRaw, typename TValue, unsigned int MaxRows, unsigned int MaxCols>
+TextReadStatus HwDatablockBaseTemplate<TRaw, TValue, MaxRows, MaxCols>::readHeadedSection(
+    std::istream& in, const HeadedLineForm& form, HwDatablockBaseTemplate& target) {
+    TextReadStatus status;
+    const detail::ParsedLines parsed =
+        detail::readLineSection(in, detail::headedLineDialect(form), MaxRows, MaxCols, status);
+    if (status.ok()) {
+        QByteArray built =
+            core().imageFromLines(parsed, detail::TableImage::idWord(blockId, instance));
+        target.setBlock(reinterpret_cast<HwSDatablock*>(built.data()));
+    }
+    return status;
 }
 
 } // namespace Tupsim

@@ -188,6 +188,19 @@ HwDatablockBaseTemplateExtended<TRaw, TValue, MaxDescriptors, MaxRows, MaxCols>:
 
 template <typename TRaw, typename TValue, unsigned int MaxDescriptors, unsigned int MaxRows,
           unsigned int MaxCols>
+TextReadStatus
+HwDatablockBaseTemplateExtended<TRaw, TValue, MaxDescriptors, MaxRows, MaxCols>::readSection(
+    std::istream& in, HwDatablockBaseTemplateExtended& target) {
+    QByteArray built;
+    const TextReadStatus status =
+        core().imageFromTokenForm(in, name, detail::TableImage::idWord(blockId, instance), built);
+    if (status.ok())
+        target.setBlock(reinterpret_cast<HwSDatablock*>(built.data()));
+    return status;
+}
+
+template <typename TRaw, typename TValue, unsigned int MaxDescriptors, unsigned int MaxRows,
+          unsigned int MaxCols>
 std::ostream&
 HwDatablockBaseTemplateExtended<TRaw, TValue, MaxDescriptors, MaxRows, MaxCols>::conv2ascii(
     std::ostream& out, HwDatablockBaseTemplateExtended& source) {

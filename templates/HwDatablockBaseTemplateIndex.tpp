@@ -144,6 +144,20 @@ std::istream& HwDatablockBaseTemplateIndex<TRaw, TValue, MaxRows, MaxCols>::sear
 }
 
 template <typename TRaw, typename TValue, unsigned int MaxRows, unsigned int MaxCols>
+TextReadStatus HwDatablockBaseTemplateIndex<TRaw, TValue, MaxRows, MaxCols>::readSection(
+    std::istream& in, HwDatablockBaseTemplateIndex& target) {
+    TextReadStatus status;
+    const detail::ParsedLines parsed =
+        detail::readLineSection(in, detail::indexLineDialect(name), MaxRows, MaxCols, status);
+    if (status.ok()) {
+        QByteArray built =
+            core().imageFromLines(parsed, detail::TableImage::idWord(blockId, instance));
+        target.setBlock(reinterpret_cast<HwSDatablock*>(built.data()));
+    }
+    return status;
+}
+
+template <typename TRaw, typename TValue, unsigned int MaxRows, unsigned int MaxCols>
 std::ostream& HwDatablockBaseTemplateIndex<TRaw, TValue, MaxRows, MaxCols>::conv2ascii(
     std::ostream& out, HwDatablockBaseTemplateIndex& source) {
     detail::writeLineForm(out, name, source.core());
@@ -171,6 +185,20 @@ std::istream& HwDatablockBaseTemplateIndex<TRaw, TValue, MaxRows, MaxCols>::read
     QByteArray built = core().imageFromLines(parsed, detail::TableImage::idWord(blockId, instance));
     target.setBlock(reinterpret_cast<HwSDatablock*>(built.data()));
     return in;
+}
+
+template <typename TRaw, typename TValue, unsigned int MaxRows, unsigned int MaxCols>
+TextReadStatus HwDatablockBaseTemplateIndex<TRaw, TValue, MaxRows, MaxCols>::readHeadedSection(
+    std::istream& in, const HeadedLineForm& form, HwDatablockBaseTemplateIndex& target) {
+    TextReadStatus status;
+    const detail::ParsedLines parsed =
+        detail::readLineSection(in, detail::headedLineDialect(form), MaxRows, MaxCols, status);
+    if (status.ok()) {
+        QByteArray built =
+            core().imageFromLines(parsed, detail::TableImage::idWord(blockId, instance));
+        target.setBlock(reinterpret_cast<HwSDatablock*>(built.data()));
+    }
+    return status;
 }
 
 } // namespace Tupsim

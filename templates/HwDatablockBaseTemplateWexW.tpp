@@ -140,6 +140,17 @@ std::istream& HwDatablockBaseTemplateWexW<TRaw, TValue, MaxRows, MaxCols>::searc
 }
 
 template <typename TRaw, typename TValue, unsigned int MaxRows, unsigned int MaxCols>
+TextReadStatus HwDatablockBaseTemplateWexW<TRaw, TValue, MaxRows, MaxCols>::readSection(
+    std::istream& in, HwDatablockBaseTemplateWexW& target) {
+    QByteArray built;
+    const TextReadStatus status =
+        core().imageFromTokenForm(in, name, detail::TableImage::idWord(blockId, instance), built);
+    if (status.ok())
+        target.setBlock(reinterpret_cast<HwSDatablock*>(built.data()));
+    return status;
+}
+
+template <typename TRaw, typename TValue, unsigned int MaxRows, unsigned int MaxCols>
 std::ostream& HwDatablockBaseTemplateWexW<TRaw, TValue, MaxRows, MaxCols>::conv2ascii(
     std::ostream& out, HwDatablockBaseTemplateWexW& source) {
     detail::writeTokenIdLine(out, name);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "HwDatablock.h"
+#include "TextReadStatus.h"
 #include "templates/MiscData.h"
 
 #include <istream>
@@ -65,6 +66,8 @@ public:
     // Name, id, instance, factor and capacities are this object's; the result goes to target.
     std::istream& readbin(std::istream& in, HwDatablockMiscTemplate& target);
     std::istream& searchascii(std::istream& in, HwDatablockMiscTemplate& target);
+    // searchascii that reports instead of ending the process, as the exported tables' own.
+    TextReadStatus readSection(std::istream& in, HwDatablockMiscTemplate& target);
     // This object's name with the counts and cells of source.
     std::ostream& conv2ascii(std::ostream& out, HwDatablockMiscTemplate& source);
     std::ostream& printToStream(std::ostream& out) override;

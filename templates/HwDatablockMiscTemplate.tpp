@@ -170,6 +170,19 @@ HwDatablockMiscTemplate<TData, TRaw, TValue, MaxRows, MaxCols, KeepsChecksum>::s
 
 template <class TData, typename TRaw, typename TValue, unsigned int MaxRows, unsigned int MaxCols,
           bool KeepsChecksum>
+TextReadStatus
+HwDatablockMiscTemplate<TData, TRaw, TValue, MaxRows, MaxCols, KeepsChecksum>::readSection(
+    std::istream& in, HwDatablockMiscTemplate& target) {
+    QByteArray built;
+    const TextReadStatus status =
+        core().imageFromTokenForm(in, name, detail::TableImage::idWord(blockId, instance), built);
+    if (status.ok())
+        target.setBlock(reinterpret_cast<HwSDatablock*>(built.data()));
+    return status;
+}
+
+template <class TData, typename TRaw, typename TValue, unsigned int MaxRows, unsigned int MaxCols,
+          bool KeepsChecksum>
 std::ostream&
 HwDatablockMiscTemplate<TData, TRaw, TValue, MaxRows, MaxCols, KeepsChecksum>::conv2ascii(
     std::ostream& out, HwDatablockMiscTemplate& source) {

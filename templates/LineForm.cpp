@@ -73,10 +73,12 @@ std::vector<double> readValues(const std::string& text, bool decimals) {
 
 class LineSectionReader {
 public:
-    LineSectionReader(const LineDialect& dialect, quint32 maxRows, quint32 maxCols)
-        : dialect(dialect), maxRows(maxRows), maxCols(maxCols) {}
+    LineSectionReader(const LineDialect& dialect, quint32 maxRows, quint32 maxCols,
+                      const ComplaintSink& complain)
+        : dialect(dialect), maxRows(maxRows), maxCols(maxCols), complain(complain) {}
 
     void line(std::string text) {
+        parsed.lines = ++lineNumber;
         // The empty line that closes a section ends its rows; what follows is other blocks'.
         if (text.empty() && state == State::ReadingRows)
             state = State::Done;
@@ -95,9 +97,10 @@ public:
         case State::LookingForCount:
             if (isCountLine(text, dialect)) {
                 readCounts(text, parsed);
+                parsed.countLine = lineNumber;
                 state = State::ReadingRows;
             } else if (++linesSinceId > dialect.linesAllowed) {
-                std::cout << "ERROR: " << dialect.linesMessage << std::endl;
+                complain(lineNumber, "ERROR: " + dialect.linesMessage);
             }
             break;
         case State::ReadingRows:
@@ -109,14 +112,16 @@ public:
     }
 
     ParsedLines finish() {
+        // A missing line is looked for up to the end; a row count is the count line's.
         if (state == State::LookingForCount) {
-            std::cout << "ERROR: FOUND NO COUNT VALUES !" << std::endl;
+            complain(lineNumber, "ERROR: FOUND NO COUNT VALUES !");
             return parsed;
         }
         if (state == State::LookingForId)
-            std::cout << "ERROR: FOUND NO ID !" << std::endl;
+            complain(lineNumber, "ERROR: FOUND NO ID !");
         if (parsed.rowCount != rowsRead)
-            std::cout << "ERROR: " << dialect.rowCountMessage << std::endl;
+            complain(parsed.countFound ? parsed.countLine : lineNumber,
+                     "ERROR: " + dialect.rowCountMessage);
         return parsed;
     }
 
@@ -133,7 +138,7 @@ private:
         const qint64 read = static_cast<qint64>(row.values.size());
         ++rowsRead;
         if (read != parsed.colCount)
-            std::cout << "ERROR: In Row =" << rowsRead << dialect.rowMessage << std::endl;
+            complain(lineNumber, "ERROR: In Row =" + std::to_string(rowsRead) + dialect.rowMessage);
         if (row.values.size() > maxCols)
             row.values.resize(maxCols);
         if (parsed.rows.size() < maxRows)
@@ -143,6 +148,8 @@ private:
     const LineDialect& dialect;
     const quint32 maxRows;
     const quint32 maxCols;
+    const ComplaintSink& complain;
+    long long lineNumber = 0;
     State state = State::LookingForId;
     int linesSinceId = 0;
     qint64 rowsRead = 0;
@@ -160,15 +167,58 @@ LineDialect indexLineDialect(const std::string& name) {
             "Row value (COUNT) don't not equal with number of rows"};
 }
 
-ParsedLines readLineSection(std::istream& in, const LineDialect& dialect, quint32 maxRows,
-                            quint32 maxCols) {
+ParsedLines scanLineSection(std::istream& in, const LineDialect& dialect, quint32 maxRows,
+                            quint32 maxCols, const ComplaintSink& complain) {
     in.clear();
     in.seekg(0);
-    LineSectionReader reader(dialect, maxRows, maxCols);
+    LineSectionReader reader(dialect, maxRows, maxCols, complain);
     std::string text;
     while (std::getline(in, text))
         reader.line(text);
     return reader.finish();
+}
+
+ParsedLines readLineSection(std::istream& in, const LineDialect& dialect, quint32 maxRows,
+                            quint32 maxCols) {
+    return scanLineSection(in, dialect, maxRows, maxCols, [](long long, const std::string& text) {
+        std::cout << text << std::endl;
+    });
+}
+
+ParsedLines readLineSection(std::istream& in, const LineDialect& dialect, quint32 maxRows,
+                            quint32 maxCols, TextReadStatus& status) {
+    status = TextReadStatus();
+    const ParsedLines parsed = scanLineSection(
+        in, dialect, maxRows, maxCols,
+        [&](long long line, const std::string& text) { status.addComplaint(line, text); });
+    const auto fail = [&](TextReadStatus::Code code, long long line, const std::string& detail) {
+        status.code = code;
+        status.line = line;
+        status.detail = detail;
+    };
+    if (!parsed.idFound) {
+        status.key = dialect.key;
+        fail(TextReadStatus::MissingKey, parsed.lines, "can not find '" + dialect.key + "'");
+        return parsed;
+    }
+    if (!parsed.countFound) {
+        status.key = "COUNT:";
+        fail(TextReadStatus::MissingKey, parsed.lines, "can not find 'COUNT:'");
+        return parsed;
+    }
+    const auto fits = [&](qint64 count, quint32 capacity, const char* what) {
+        if (count < 0)
+            fail(TextReadStatus::CountNegative, parsed.countLine,
+                 std::string(what) + " count " + std::to_string(count) + " is negative");
+        else if (count > static_cast<qint64>(capacity))
+            fail(TextReadStatus::CountTooHigh, parsed.countLine,
+                 std::string(what) + " count " + std::to_string(count) + " above the capacity " +
+                     std::to_string(capacity));
+        return status.ok();
+    };
+    if (fits(parsed.rowCount, maxRows, "row"))
+        fits(parsed.colCount, maxCols, "column");
+    return parsed;
 }
 
 void writeLineForm(std::ostream& out, const std::string& name, const TableCells& cells) {

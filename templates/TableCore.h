@@ -107,23 +107,14 @@ public:
     }
 
     // The image of a token-form section, or of an empty table with id 0 when the name is not
-    // there and the target does not insist on it.
+    // there and the target does not insist on it. Ends the process on a malformed section.
     QByteArray imageFromTokenForm(std::istream& in, const std::string& name, quint16 idWord,
                                   bool strict) {
         QByteArray built(blockSize(), '\0');
         TValue number{}; // one variable for all cells: a failed read leaves it as it was
-        const TokenCellReader readCell = [&](std::istream& from, quint32 row, quint32 col) {
-            from >> number;
-            const bool whole = !std::is_integral<TValue>::value || skipZeroFraction(from);
-            storeCell(built, row, col, static_cast<double>(number));
-            if (!whole)
-                number = TValue{}; // what the failed read of the fraction would have left
-        };
-        TokenSectionHook afterName;
-        if (shape.descriptorCount != 0)
-            afterName = [&](std::istream& from) { readDescriptors(from, built); };
         const TokenSection section =
-            readTokenForm(in, name, shape.maxRows, shape.maxCols, strict, afterName, readCell);
+            readTokenForm(in, name, shape.maxRows, shape.maxCols, strict, descriptorReader(built),
+                          cellReader(built, number));
         if (!section.nameFound) {
             built.fill('\0');
             table.seal(built, 0, 0, 0);
@@ -131,6 +122,21 @@ public:
             table.seal(built, idWord, section.rows, section.cols);
         }
         return built;
+    }
+
+    // The image of a token-form section for a reader that reports instead of ending the
+    // process; `built` is complete only when the result is ok.
+    TextReadStatus imageFromTokenForm(std::istream& in, const std::string& name, quint16 idWord,
+                                      QByteArray& built) {
+        built = QByteArray(blockSize(), '\0');
+        TValue number{};
+        TokenSection section;
+        const TextReadStatus status =
+            scanTokenForm(in, name, shape.maxRows, shape.maxCols, {true, true},
+                          descriptorReader(built), cellReader(built, number), section);
+        if (status.ok())
+            table.seal(built, idWord, section.rows, section.cols);
+        return status;
     }
 
     // The image of a line-oriented section; counts are bounded by the capacities.
@@ -206,6 +212,24 @@ private:
         TRaw stored = truncateTo<TRaw>(unscale(value, factor));
         swapStored(stored);
         bytes::putLE<TRaw>(built, offset, stored);
+    }
+
+    // Reads one cell of a token-form section into `built` through `number`.
+    TokenCellReader cellReader(QByteArray& built, TValue& number) const {
+        return [this, &built, &number](std::istream& from, quint32 row, quint32 col) {
+            from >> number;
+            const bool whole = !std::is_integral<TValue>::value || skipZeroFraction(from);
+            storeCell(built, row, col, static_cast<double>(number));
+            if (!whole)
+                number = TValue{}; // what the failed read of the fraction would have left
+            return !from.fail();
+        };
+    }
+
+    TokenSectionHook descriptorReader(QByteArray& built) const {
+        if (shape.descriptorCount == 0)
+            return TokenSectionHook();
+        return [this, &built](std::istream& from) { readDescriptors(from, built); };
     }
 
     void readDescriptors(std::istream& in, QByteArray& built) const {

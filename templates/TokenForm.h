@@ -1,6 +1,7 @@
 // The token form of a table section ("ID:", "COUNT:", value lines): writer and reader.
 #pragma once
 
+#include "TextReadStatus.h"
 #include "templates/TableCells.h"
 
 #include <functional>
@@ -32,10 +33,27 @@ struct TokenSection {
     quint32 cols = 0;
 };
 
-// Reads one value for cell (row, col) with the stream's formatted input.
-using TokenCellReader = std::function<void(std::istream& in, quint32 row, quint32 col)>;
+// Reads one value for cell (row, col) with the stream's formatted input; false when the value
+// could not be read whole (the stream is then failed).
+using TokenCellReader = std::function<bool(std::istream& in, quint32 row, quint32 col)>;
 // Runs between the block name and "COUNT:".
 using TokenSectionHook = std::function<void(std::istream& in)>;
+
+// How the token reader meets a malformed section.
+struct TokenReadRules {
+    // A missing "ID:" or name fails the read; otherwise the section is just not found.
+    bool demandName;
+    // Negative counts and values that cannot be read fail the read, and failures carry the line
+    // they arose on; otherwise both pass as the conversion tools have always let them.
+    bool reporting;
+};
+
+// Rewinds `in` and reads the section of `name` without ending the process. Cells are handed to
+// `readCell` as they are read, so on a failure some may have been read already.
+TextReadStatus scanTokenForm(std::istream& in, const std::string& name, quint32 maxRows,
+                             quint32 maxCols, const TokenReadRules& rules,
+                             const TokenSectionHook& afterName, const TokenCellReader& readCell,
+                             TokenSection& section);
 
 // Rewinds `in` and reads the section of `name`. Ends the process on a malformed section:
 // status 1 for a missing key, 2 for a count above the capacity.

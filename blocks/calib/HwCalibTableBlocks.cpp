@@ -31,6 +31,9 @@ namespace Tupsim {
     std::istream& Class::searchascii(std::istream& in, Table& target) {                            \
         return this->readHeadedLineForm(in, Class##Form, target);                                  \
     }                                                                                              \
+    TextReadStatus Class::readSection(std::istream& in, Table& target) {                           \
+        return this->readHeadedSection(in, Class##Form, target);                                   \
+    }                                                                                              \
     std::ostream& Class::printToStream(std::ostream& out) {                                        \
         /* the attenuator register table prints the table's own form but reads the headed one */   \
         return (OwnPrint) ? conv2ascii(out, *this) : Table::printToStream(out);                    \

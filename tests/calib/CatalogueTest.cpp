@@ -1,5 +1,6 @@
 // The table-based calibration catalogue: every class with its name, id, factor and size, the
-// text round trip for each template kind, the headed line form and the TCXO table.
+// text round trip for each template kind, the headed line form (also read by readSection) and
+// the TCXO table.
 #include "support/Bytes.h"
 #include "support/Recorders.h"
 
@@ -292,6 +293,41 @@ TEST(CalibCatalogue, HeadedLineFormOfTheRfBoardBlocks) {
     EXPECT_EQ(complaints<HwDatablockKivRfboAttRegData>("BLOCK_KIV_RFBO_ATTREG_DATA", 6),
               error + "Number of lines between ID and Count to large\n" + error +
                   "Row value (COUNT) don't not equal with number of rows\n");
+}
+
+TEST(CalibCatalogue, RfBoardBlocksReadTheirHeadedSectionsBackWithReadSection) {
+    ServiceRecorders services;
+    // The register table reads the headed form, not the plain form it prints.
+    HwDatablockKivRfboAttRegData registers;
+    registers.setRowCount(1);
+    registers.setColCount(2);
+    registers.setCalValue(0x1F, 0, 1);
+    std::stringstream headed;
+    registers.conv2ascii(headed, registers);
+    HwDatablockKivRfboAttRegData back;
+    testing::internal::CaptureStdout();
+    TextReadStatus status = back.readSection(headed, back);
+    EXPECT_TRUE(status.ok()) << status.message();
+    EXPECT_EQ(back.getByteArrayData(), registers.getByteArrayData());
+    std::istringstream plain(printed(registers));
+    status = back.readSection(plain, back);
+    EXPECT_EQ(status.code, TextReadStatus::MissingKey);
+    EXPECT_EQ(status.key, "BLOCK_KIV_RFBO_ATTREG_DATA");
+    EXPECT_EQ(status.line, 4);
+
+    // An indexed table of the family: complaints with the limit of its own.
+    HwDatablockKivRfboTempCompData data;
+    const QByteArray before = data.getByteArrayData();
+    std::string file = "ID:     BLOCK_KIV_RFBO_TEMP_COMP_DATA\n";
+    for (int i = 0; i < 52; ++i)
+        file += "stray\n";
+    std::istringstream in(file + "COUNT:  1 * 51\n");
+    status = data.readSection(in, data);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(status.message(), "line 54: column count 51 above the capacity 50; line 53: ERROR: "
+                                "Number of lines between ID: and COUNT: too large!; line 54: "
+                                "ERROR: Number of rows read inadequate!");
+    EXPECT_EQ(data.getByteArrayData(), before);
 }
 
 TEST(CalibCatalogue, TcxoTableClampsCountsAndChecksItsValues) {

@@ -1,5 +1,5 @@
-// The indexed line form and the headed line form: exact output, reading back, bounds, and the
-// complaints written to standard output.
+// The indexed line form and the headed line form: exact output, reading back, bounds, the
+// complaints written to standard output, and the reader that keeps them instead.
 #include "TemplateTestSupport.h"
 #include "support/Recorders.h"
 
@@ -52,6 +52,9 @@ public:
     }
     std::istream& searchascii(std::istream& in, Headed& target) {
         return this->readHeadedLineForm(in, form, target);
+    }
+    TextReadStatus readSection(std::istream& in, Headed& target) {
+        return this->readHeadedSection(in, form, target);
     }
 
 private:
@@ -249,4 +252,104 @@ TEST(HeadedLineForm, KeyLineCountLineAndComplaints) {
     EXPECT_EQ(readCapturing(block, headedSection("", "2 * 1", row)),
               "ERROR: Number of rows read inadequate!\n");
     EXPECT_EQ(readCapturing(block, "ID:     BLOCK_KIV_RFBO_ATT_CAL_FREQ\n"), kNoCount);
+}
+
+namespace {
+// Reads `text` with readSection; nothing may reach standard output.
+template <class Block> TextReadStatus readSection(Block& block, const std::string& text) {
+    std::istringstream in(text);
+    testing::internal::CaptureStdout();
+    const TextReadStatus status = block.readSection(in, block);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    return status;
+}
+} // namespace
+
+TEST(LineFormReadSection, ComplaintsAreKeptWithTheirLinesAndSummarised) {
+    ServiceRecorders services;
+    AttCalVec block(kName, 15843, 0, 1.0, false);
+    const std::string id = "ID:  RFBO_ATT_CAL_VEC_DATA\n";
+    TextReadStatus status = readSection(block, id + "COUNT:  2*3\n1: 1 2 3\n# note\n2: 4 5\n");
+    EXPECT_TRUE(status.ok());
+    ASSERT_EQ(status.complaints.size(), 1u);
+    EXPECT_EQ(status.complaints[0].line, 5);
+    EXPECT_EQ(status.complaints[0].text + "\n", badRow(2));
+    EXPECT_EQ(status.message(), "ok; line 5: " + badRow(2).substr(0, badRow(2).size() - 1));
+    EXPECT_EQ(block.getCalValue(1, 1), 5) << "complaints do not stop the load";
+
+    status = readSection(block, id + "\nCOUNT:  3*1\n1: 5\n");
+    ASSERT_EQ(status.complaints.size(), 1u);
+    EXPECT_EQ(status.complaints[0].line, 3) << "a row count complaint is the count line's";
+    EXPECT_EQ(status.complaints[0].text + "\n", kRowCount);
+
+    // 1005 junk lines: 1000 complaints, of which five are kept; searchascii prints them all.
+    std::string junk;
+    for (int i = 0; i < 1005; ++i)
+        junk += "junk\n";
+    const std::string text = id + junk + "COUNT:  1*1\n7: 9\n";
+    status = readSection(block, text);
+    EXPECT_TRUE(status.ok());
+    ASSERT_EQ(status.complaints.size(), 5u);
+    EXPECT_EQ(status.complaints[0].line, 7);
+    EXPECT_EQ(status.complaints[4].line, 11);
+    EXPECT_EQ(status.moreComplaints, 995);
+    const std::string tooMany = kTooMany.substr(0, kTooMany.size() - 1);
+    std::string expected = "ok";
+    for (int line = 7; line <= 11; ++line)
+        expected += "; line " + std::to_string(line) + ": " + tooMany;
+    EXPECT_EQ(status.message(), expected + "; and 995 more lines like this");
+    EXPECT_EQ(block.getIndex(0), 7);
+    std::string printedAll;
+    for (int i = 0; i < 1000; ++i)
+        printedAll += kTooMany;
+    EXPECT_EQ(readCapturing(block, text), printedAll);
+}
+
+TEST(LineFormReadSection, RefusesWhatSearchasciiLoadsAnyway) {
+    ServiceRecorders services;
+    AttCalVec block(kName, 15843, 0, 1.0, false);
+    block.setCalValue(42, 0, 0);
+    const QByteArray before = block.getByteArrayData();
+    const std::string id = "ID:  RFBO_ATT_CAL_VEC_DATA\n";
+    struct Case {
+        std::string text;
+        TextReadStatus::Code code;
+        std::string key;
+        long long line;
+        std::string message;
+    };
+    const Case cases[] = {
+        {"COUNT:  1*1\n1: 5\n", TextReadStatus::MissingKey, kName, 2,
+         "line 2: can not find 'RFBO_ATT_CAL_VEC_DATA'; line 2: " +
+             kNoId.substr(0, kNoId.size() - 1)},
+        {id + "\n\n", TextReadStatus::MissingKey, "COUNT:", 3,
+         "line 3: can not find 'COUNT:'; line 3: " + kNoCount.substr(0, kNoCount.size() - 1)},
+        {id + "COUNT:  28*20\n", TextReadStatus::CountTooHigh, "", 2,
+         "line 2: row count 28 above the capacity 27; line 2: " +
+             kRowCount.substr(0, kRowCount.size() - 1)},
+        {id + "COUNT:  0*21\n", TextReadStatus::CountTooHigh, "", 2,
+         "line 2: column count 21 above the capacity 20"},
+        {id + "COUNT:  0*-1\n", TextReadStatus::CountNegative, "", 2,
+         "line 2: column count -1 is negative"},
+    };
+    for (const Case& c : cases) {
+        const TextReadStatus status = readSection(block, c.text);
+        EXPECT_EQ(status.code, c.code) << c.text;
+        EXPECT_EQ(status.key, c.key) << c.text;
+        EXPECT_EQ(status.line, c.line) << c.text;
+        EXPECT_EQ(status.message(), c.message) << c.text;
+        EXPECT_EQ(block.getByteArrayData(), before) << c.text;
+    }
+    // At the capacity is fine.
+    EXPECT_TRUE(readSection(block, id + "COUNT:  0*20\n").ok());
+    EXPECT_EQ(block.getColCount(), 20u);
+
+    // The headed form through the protected reader.
+    KivAttCalFreq headed = attCalFreq();
+    const TextReadStatus status =
+        readSection(headed, headedSection("a\nb\nc\n", "2 * 1", "  1:  250.0\n"));
+    EXPECT_EQ(status.message(),
+              "ok; line 5: ERROR: Number of lines between ID: and COUNT: to large!; line 6: "
+              "ERROR: Number of rows read inadequate!");
+    EXPECT_EQ(headed.getCalValue(0, 0), 250.0);
 }

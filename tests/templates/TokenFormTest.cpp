@@ -1,5 +1,6 @@
 // The token form: exact output of every table kind, reading sections back (also among other
-// sections and twice from one stream), and the reader's exits on malformed files.
+// sections and twice from one stream), the reader's exits on malformed files, and the reader
+// that reports them instead.
 #include "TemplateTestSupport.h"
 #include "support/Recorders.h"
 
@@ -53,6 +54,10 @@ template <class Block, class... Args> void expectRoundTrip(Block& source, Args..
     Block twin(args...);
     twin.searchascii(text, twin);
     EXPECT_EQ(hex(twin.getByteArrayData()), hex(source.getByteArrayData())) << text.str();
+    Block reported(args...);
+    const TextReadStatus status = reported.readSection(text, reported);
+    EXPECT_TRUE(status.ok()) << status.message();
+    EXPECT_EQ(hex(reported.getByteArrayData()), hex(source.getByteArrayData()));
     EXPECT_TRUE(services.errors.signalled.empty());
 }
 
@@ -325,4 +330,86 @@ TEST(TokenFormReadDeathTest, CountsAtTheCapacityAndNegativeCountsPass) {
             data.searchascii(in, data);
         },
         testing::ExitedWithCode(1), "can not find string:  :  in ASCII-File");
+}
+
+namespace {
+// Reads `text` with readSection into a filled block that must stay as it was unless the read
+// is ok; nothing may be written to either standard stream.
+TextReadStatus readReported(const std::string& text, bool strict = false) {
+    AlcData block("RFBO_ALC_DATA", 15731, 0, 1.0, strict);
+    block.setCalValue(99, 3, 9);
+    const QByteArray before = block.getByteArrayData();
+    std::istringstream in(text);
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    const TextReadStatus status = block.readSection(in, block);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    if (!status.ok()) {
+        EXPECT_EQ(block.getByteArrayData(), before) << "a failed read leaves the target alone";
+    }
+    EXPECT_TRUE(status.complaints.empty());
+    return status;
+}
+
+void expectFailure(const std::string& text, TextReadStatus::Code code, const std::string& key,
+                   long long line, const std::string& message) {
+    const TextReadStatus status = readReported(text);
+    EXPECT_EQ(status.code, code) << text;
+    EXPECT_EQ(status.key, key) << text;
+    EXPECT_EQ(status.line, line) << text;
+    EXPECT_EQ(status.message(), message) << text;
+}
+} // namespace
+
+TEST(TokenFormReadSection, ReportsWhatSearchasciiEndsTheProcessFor) {
+    ServiceRecorders services;
+    const TextReadStatus ok = readReported("ID: RFBO_ALC_DATA\nCOUNT: 1*2\n1: 5.000 -6\n");
+    EXPECT_TRUE(ok.ok());
+    EXPECT_EQ(ok.message(), "ok");
+
+    using S = TextReadStatus;
+    // Keys not found: the line is where the search ended, the last line of the text.
+    expectFailure("COUNT: 1*1\n1: 5\n", S::MissingKey, "ID:", 2, "line 2: can not find 'ID:'");
+    // The name is demanded whether or not the block stops conversions on errors.
+    expectFailure("ID: RFBO_ALC_FREQ\nCOUNT: 1*1\n1: 5", S::MissingKey, "RFBO_ALC_DATA", 3,
+                  "line 3: can not find 'RFBO_ALC_DATA'");
+    expectFailure("ID: RFBO_ALC_DATA\n1*1\n1: 5\n", S::MissingKey, "COUNT:", 3,
+                  "line 3: can not find 'COUNT:'");
+    expectFailure("ID: RFBO_ALC_DATA\nCOUNT: 1 1\n1: 5\n", S::MissingKey, "*", 3,
+                  "line 3: can not find '*'");
+    expectFailure("ID: RFBO_ALC_DATA\nCOUNT: 2*1\n1: 5\n\n", S::MissingKey, ":", 4,
+                  "line 4: can not find ':'");
+    // Counts: the line of the count line.
+    expectFailure("# head\nID: RFBO_ALC_DATA\n\nCOUNT:  5*1\n1: 5\n", S::CountTooHigh, "", 4,
+                  "line 4: row count 5 above the capacity 4");
+    expectFailure("ID: RFBO_ALC_DATA\nCOUNT:  4*11\n", S::CountTooHigh, "", 2,
+                  "line 2: column count 11 above the capacity 10");
+    expectFailure("ID: RFBO_ALC_DATA\nCOUNT:  4294967295*1\n1: 5\n", S::CountNegative, "", 2,
+                  "line 2: row count 4294967295 is negative (-1)");
+    expectFailure("ID: RFBO_ALC_DATA\n\nCOUNT:  1*-1\n1: 5\n", S::CountNegative, "", 3,
+                  "line 3: column count 4294967295 is negative (-1)");
+    expectFailure("ID: RFBO_ALC_DATA\nCOUNT: 1*x\n", S::BadValue, "", 2,
+                  "line 2: column count could not be read");
+    // Values that searchascii stores as garbage.
+    expectFailure("ID: RFBO_ALC_DATA\nCOUNT: 2*3\n1: 1 2 3\n2: 4 5\n", S::BadValue, "", 4,
+                  "line 4: value in row 2, column 3 is missing");
+    expectFailure("ID: RFBO_ALC_DATA\nCOUNT: 1*2\n1: 7\n  abc 8\n", S::BadValue, "", 4,
+                  "line 4: value 'abc' in row 1, column 2 could not be read");
+    expectFailure("ID: RFBO_ALC_DATA\nCOUNT: 1*3\n1: \t12.5\t7\t8\n", S::BadValue, "", 3,
+                  "line 3: value '12.5' in row 1, column 1 could not be read");
+    expectFailure("ID: RFBO_ALC_DATA\nCOUNT: 2*3\n1: 1 2\n2: 4 5 6\n", S::BadValue, "", 4,
+                  "line 4: value '2:' in row 1, column 3 could not be read");
+    EXPECT_TRUE(services.errors.signalled.empty());
+}
+
+TEST(TokenFormReadSection, NegativeCountsPassSearchascii) {
+    ServiceRecorders services;
+    AlcData data("RFBO_ALC_DATA", 15731, 0, 1.0, false);
+    std::istringstream in("ID: RFBO_ALC_DATA\nCOUNT:  1*-1\n1: 5\n");
+    data.searchascii(in, data);
+    EXPECT_EQ(data.getColCount(), 0xFFFFFFFFu);
+    EXPECT_EQ(data.getCalValue(0, 0), 5);
+    EXPECT_EQ(data.readSection(in, data).code, TextReadStatus::CountNegative);
+    EXPECT_EQ(data.getColCount(), 0xFFFFFFFFu);
 }
