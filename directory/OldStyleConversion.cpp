@@ -3,16 +3,7 @@
 // 15690 and the misc-data tables have no rule here, while 15853-15862 have one but no prototype.
 #include "directory/OldStyleConversion.h"
 
-#include "HwCalibTableBlocks.h"
-#include "HwDatablockCommonStatisticData.h"
-#include "HwDatablockIdent.h"
-#include "HwDatablockMbrdModel.h"
-#include "HwDatablockMbrdSerialNumber.h"
-#include "HwDatablockModification.h"
-#include "HwDatablockModification110.h"
-#include "HwDatablockModification120.h"
-#include "HwDatablockServiceData.h"
-#include "HwDatablockStatistic.h"
+#include "EpromDatablock.h"
 #include "directory/TableCatalogue.h"
 
 namespace Tupsim {
@@ -36,24 +27,17 @@ struct Row {
     Rule rule;
 };
 
-// clang-format off
-constexpr Row kRows[] = {
-    {2, 10, create<HwDatablockIdent>, ownRule<HwDatablockIdent>},
-    {100, 100, create<HwDatablockModification>, ownRule<HwDatablockModification>},
-    // The second kind has the layout of the first and is converted by its rule.
-    {110, 110, create<HwDatablockModification110>, ownRule<HwDatablockModification>},
-    {120, 120, create<HwDatablockModification120>, ownRule<HwDatablockModification120>},
-    {200, 209, create<HwDatablockServiceData>, ownRule<HwDatablockServiceData>},
-    {300, 300, create<HwDatablockStatistic>, ownRule<HwDatablockStatistic>},
-    {11310, 11313, create<HwDatablockCommonStatisticData>, ownRule<HwDatablockCommonStatisticData>},
-    {12000, 12000, create<HwDatablockMbrdSerialNumber>, ownRule<HwDatablockMbrdSerialNumber>},
-    {12001, 12001, create<HwDatablockMbrdModel>, ownRule<HwDatablockMbrdModel>},
-    {15690, 15690, nullptr, nullptr},
-    {15700, 15852, nullptr, nullptr},
-    {LevconTempDataFirstId, 15862, createLevconTempData, tableRule<HwDatablockTeshVectorLevconTempData>},
-    {16000, 16003, nullptr, nullptr},
+#define EPROM_BLOCKS_CONVERTED(first, last, Class, Kind, TextId, RuleClass)                        \
+    {first, last, create<Class>, ownRule<RuleClass>},
+#define EPROM_BLOCKS_TABLES(first, last, Converted)                                                \
+    {first, Converted ? last : first - 1, nullptr, nullptr},
+#define EPROM_BLOCKS_CONVERSION_ONLY(first, last, Factory, RuleClass)                              \
+    {first, last, Factory, tableRule<RuleClass>},
+
+// Rows with last < first convert nothing: they stand for table ranges without a rule.
+const Row kRows[] = {
+#include "directory/OldStyleBlocks.def"
 };
-// clang-format on
 
 } // namespace
 

@@ -1,10 +1,30 @@
 // The id table of the old-style block directory.
 #pragma once
 
+#include "BlockCatalogue.h"
 #include "IdHwDatablockOldStyleClassDict.h"
+#include "directory/OldStyleKinds.h"
+
+#include <cstddef>
 
 namespace Tupsim {
 namespace oldstyle {
+
+// One range of ids interpreted by one class.
+struct DirectoryRow {
+    int first;
+    int last;
+    // nullptr: the rows of the calibration table catalogue whose ids lie in [first, last].
+    Factory make;
+    const char* idString; // the misc-data tables' name
+    bool keepImage;       // kept at its own size: the end block alone
+    const char* className;
+    BlockKind kind;
+    const char* textId; // printf pattern that may take the id
+};
+
+// The rows in directory order; an id may appear twice, the first row wins.
+const DirectoryRow* directoryRows(std::size_t& count);
 
 // Registers one new prototype per id of the table, in table order, with insert semantics: an id
 // already present keeps its first prototype and the later one is deleted. On an allocation

@@ -4,18 +4,32 @@
 
 #include "HwCalibTableBlocks.h"
 
+#include <string_view>
+
 namespace Tupsim {
 namespace oldstyle {
 
 namespace {
 
-#define EPROM_CATALOGUE_ROW(Class, Id) {Id, {&create<Class>, &tableRule<Class>}},
-#define EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor) EPROM_CATALOGUE_ROW(Class, Id)
+// The text form of each template.
+constexpr TableTemplate formOf(const char* templateName) {
+    const std::string_view name(templateName);
+    return name == "HwDatablockBaseTemplateIndex"      ? TableTemplate::Index
+           : name == "HwDatablockBaseTemplateExtended" ? TableTemplate::Extended
+           : name == "HwDatablockBaseTemplateWexW"     ? TableTemplate::WexW
+                                                       : TableTemplate::Base;
+}
+
+#define EPROM_CATALOGUE_ROW(Class, Id, TextId, Form, ReadsBack)                                    \
+    {Id, {&create<Class>, &tableRule<Class>}, #Class, TextId, Form, ReadsBack},
+#define EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor)                                 \
+    EPROM_CATALOGUE_ROW(Class, Id, Name, formOf(#Template), true)
+// A headed block that prints the token form does not read its own printout back.
 #define EPROM_TABLE_BLOCK_HEADED(Class, Template, Args, Name, Id, Factor, Title, Key, Limit,       \
                                  Message, RowsMessage, OwnPrint)                                   \
-    EPROM_CATALOGUE_ROW(Class, Id)
+    EPROM_CATALOGUE_ROW(Class, Id, OwnPrint ? Key : Name, TableTemplate::Headed, OwnPrint)
 #define EPROM_TABLE_BLOCK_TCXO(Class, Template, Args, Name, Id, Factor)                            \
-    EPROM_CATALOGUE_ROW(Class, Id)
+    EPROM_CATALOGUE_ROW(Class, Id, Name, formOf(#Template), true)
 
 const CatalogueEntry kCatalogue[] = {
 #include "HwCalibTableBlocks.def"

@@ -2,6 +2,7 @@
 // conversion see them: block id and conversion recipe.
 #pragma once
 
+#include "BlockCatalogue.h"
 #include "directory/OldStyleKinds.h"
 
 #include <cstddef>
@@ -12,6 +13,10 @@ namespace oldstyle {
 struct CatalogueEntry {
     int id;
     Recipe recipe;
+    const char* className;
+    const char* textId; // what the block prints behind "ID:"
+    TableTemplate form;
+    bool readsBack; // the block reads its own printout back
 };
 
 // Every such row of the calibration table catalogue, in catalogue order.

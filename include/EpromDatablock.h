@@ -71,3 +71,10 @@
 #include "HwDatablockSynexOcxoRefCalValue.h"
 #include "HwDatablockWexBaseboardCalibValue.h"
 #include "HwOpaqueCalibBlocks.h"
+
+// Whole images
+#include "BlockCatalogue.h"
+#include "EepromImage.h"
+#include "ImageDiff.h"
+#include "ImageExport.h"
+#include "ImageImport.h"

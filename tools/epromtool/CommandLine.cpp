@@ -1,10 +1,53 @@
-// One command's arguments, parsed by its own QCommandLineParser.
+// The command line of epromtool: one parser per command, and the table of commands.
 #include "CommandLine.h"
 
-#include "Console.h"
-#include "ExitCode.h"
+#include "Commands.h"
+#include "Reports.h"
+
+#include <QVector>
 
 namespace epromtool {
+
+namespace {
+
+struct CommandEntry {
+    const char* name;
+    const char* summary;
+    int (*run)(const QStringList& arguments);
+};
+
+// A new command is one row here and its runner in Commands.cpp.
+const CommandEntry kCommands[] = {
+    {"list", "one row per block: offset, id, name, size, checksum and CRC-32", runList},
+    {"verify", "check every block and the chain; print only the problems", runVerify},
+    {"show", "print one block (--id N), in its own form or in hexadecimal", runShow},
+    {"diff", "compare two images block by block", runDiff},
+    {"export", "write the blocks as an ASCII calibration file", runExport},
+    {"import", "read the blocks back from an ASCII calibration file", runImport},
+    {"sample", "write a demonstration image (-o FILE)", runSample},
+};
+
+QString exitCodeHelp() {
+    return QStringLiteral("Exit codes:\n"
+                          "  0   all good\n"
+                          "  1   a checksum or CRC-32 failed\n"
+                          "  2   an image or file could not be read, or the chain is broken\n"
+                          "  3   the output could not be written\n"
+                          "  64  usage error");
+}
+
+QString description() {
+    QString text = QStringLiteral("Lists, checks, exports and imports the datablocks of a whole "
+                                  "EEPROM image.\n\nCommands (epromtool COMMAND --help for "
+                                  "more):\n");
+    for (const CommandEntry& command : kCommands)
+        text += QStringLiteral("  %1  %2\n")
+                    .arg(QString::fromLatin1(command.name).leftJustified(7),
+                         QLatin1String(command.summary));
+    return text.trimmed();
+}
+
+} // namespace
 
 CommandLine::CommandLine(const QString& name, const QString& description) : command(name) {
     parser.setApplicationDescription(description);
@@ -26,11 +69,20 @@ void CommandLine::addJsonOption() {
     parser.addOption({QStringLiteral("json"), QStringLiteral("Machine-readable output (JSON).")});
 }
 
+void CommandLine::addWriteOptions(const QString& output) {
+    parser.addOption({{QStringLiteral("o"), QStringLiteral("output")},
+                      QStringLiteral("Write the new image to FILE instead of %1.").arg(output),
+                      QStringLiteral("FILE")});
+    parser.addOption({QStringLiteral("dry-run"), QStringLiteral("Report, but write nothing.")});
+    parser.addOption({QStringLiteral("no-backup"),
+                      QStringLiteral("Do not keep the replaced file as FILE.bak.")});
+}
+
 int CommandLine::parse(const QStringList& arguments) {
     if (!parser.parse(arguments))
         return usageError(parser.errorText());
     if (parser.isSet(QStringLiteral("help"))) {
-        Console::out(parser.helpText().trimmed() + QStringLiteral("\n\n") + exitCodeHelp());
+        out(parser.helpText().trimmed() + QStringLiteral("\n\n") + exitCodeHelp());
         return ExitOk;
     }
     const int given = parser.positionalArguments().size();
@@ -48,7 +100,7 @@ QString CommandLine::argument(int index) const {
 }
 
 int CommandLine::usageError(const QString& text) const {
-    Console::error(QStringLiteral("%1: %2 (see 'epromtool %1 --help')").arg(command, text));
+    error(QStringLiteral("%1: %2 (see 'epromtool %1 --help')").arg(command, text));
     return ExitUsage;
 }
 
@@ -61,6 +113,34 @@ bool CommandLine::parseId(const QString& text, quint16& id) {
         return false;
     id = static_cast<quint16>(value);
     return true;
+}
+
+int dispatch(const QStringList& arguments) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(description());
+    parser.addHelpOption();
+    parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("The command to run."),
+                                 QStringLiteral("COMMAND [ARGUMENTS...]"));
+    // Everything behind the command word belongs to the command.
+    parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
+    if (!parser.parse(arguments)) {
+        error(parser.errorText() + QStringLiteral(" (see 'epromtool --help')"));
+        return ExitUsage;
+    }
+    if (parser.isSet(QStringLiteral("help"))) {
+        out(parser.helpText().trimmed() + QStringLiteral("\n\n") + exitCodeHelp());
+        return ExitOk;
+    }
+    const QStringList positional = parser.positionalArguments();
+    if (positional.isEmpty()) {
+        error(QStringLiteral("no command given (see 'epromtool --help')"));
+        return ExitUsage;
+    }
+    for (const CommandEntry& command : kCommands)
+        if (positional.first() == QLatin1String(command.name))
+            return command.run(QStringList{arguments.value(0)} + positional.mid(1));
+    error(QStringLiteral("unknown command '%1' (see 'epromtool --help')").arg(positional.first()));
+    return ExitUsage;
 }
 
 } // namespace epromtool

@@ -1,10 +1,24 @@
-// One command's arguments, parsed by its own QCommandLineParser.
+// The command line of epromtool: exit codes, one parser per command, and the dispatch from the
+// command word to its runner.
 #pragma once
 
 #include <QCommandLineParser>
 #include <QStringList>
 
 namespace epromtool {
+
+// A larger code means a worse outcome.
+enum ExitCode : int {
+    ExitOk = 0,
+    ExitChecksum = 1,    // a 16-bit checksum or a CRC-32 failed
+    ExitUnreadable = 2,  // an input could not be read, or the chain is broken
+    ExitWriteFailed = 3, // the output could not be written
+    ExitUsage = 64,      // the command line is wrong
+};
+
+inline int worse(int a, int b) {
+    return a > b ? a : b;
+}
 
 class CommandLine {
 public:
@@ -14,6 +28,8 @@ public:
     void addArgument(const QString& name, const QString& description);
     void addOption(const QCommandLineOption& option);
     void addJsonOption();
+    // -o/--output FILE, --dry-run and --no-backup of the commands that write an image.
+    void addWriteOptions(const QString& output);
 
     // -1 to go on; otherwise the exit code to return at once, after the help or the usage
     // error has been printed.
@@ -35,5 +51,8 @@ private:
     QCommandLineParser parser;
     QStringList required;
 };
+
+// Parses the command word and hands the rest to its command; returns the exit code.
+int dispatch(const QStringList& arguments);
 
 } // namespace epromtool

@@ -8,10 +8,10 @@ namespace epromtool {
 
 int runList(const QStringList& arguments);
 int runVerify(const QStringList& arguments);
-int runExport(const QStringList& arguments);
-int runImport(const QStringList& arguments);
 int runShow(const QStringList& arguments);
 int runDiff(const QStringList& arguments);
+int runExport(const QStringList& arguments);
+int runImport(const QStringList& arguments);
 int runSample(const QStringList& arguments);
 
 } // namespace epromtool

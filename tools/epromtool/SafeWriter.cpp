@@ -25,8 +25,7 @@ bool commit(const QString& path, const QByteArray& content, QString& error) {
 
 } // namespace
 
-bool SafeWriter::write(const QString& path, const QByteArray& content, bool keepBackup,
-                       QString& error) {
+bool safeWrite(const QString& path, const QByteArray& content, bool keepBackup, QString& error) {
     if (QFileInfo(path).isDir()) {
         error = QStringLiteral("cannot write %1: Is a directory").arg(path);
         return false;

@@ -7,14 +7,12 @@
 
 namespace epromtool {
 
-class SafeWriter {
-public:
-    static QString backupPath(const QString& path) { return path + QStringLiteral(".bak"); }
+inline QString backupPath(const QString& path) {
+    return path + QStringLiteral(".bak");
+}
 
-    // The backup is written (the same safe way) before the target is touched, so a failure at
-    // any step leaves the target as it was. On failure `error` is "cannot write PATH: REASON".
-    static bool write(const QString& path, const QByteArray& content, bool keepBackup,
-                      QString& error);
-};
+// The backup is written (the same safe way) before the target is touched, so a failure at any
+// step leaves the target as it was. On failure `error` is "cannot write PATH: REASON".
+bool safeWrite(const QString& path, const QByteArray& content, bool keepBackup, QString& error);
 
 } // namespace epromtool

@@ -1,0 +1,295 @@
+// A whole EEPROM image: the chain walk, the checks of every block and the block replacement.
+#include "EepromImage.h"
+
+#include "HwDatablock.h"
+#include "core/HwBytes.h"
+#include "image/ImageChecks.h"
+#include "image/TableKinds.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace Tupsim {
+
+namespace {
+
+constexpr quint16 kEndId = 0xFFFF;
+constexpr int kHeaderSize = 8;
+constexpr int kEndBlockSize = 4;
+constexpr quint32 kEventCountMark = 0x452D0000;
+
+QString bytesText(int count) {
+    return count == 1 ? QStringLiteral("1 byte") : QStringLiteral("%1 bytes").arg(count);
+}
+
+const unsigned char* at(const QByteArray& bytes, int offset) {
+    return reinterpret_cast<const unsigned char*>(bytes.constData()) + offset;
+}
+
+} // namespace
+
+QString hex16(unsigned value) {
+    return QStringLiteral("0x%1").arg(value, 4, 16, QLatin1Char('0'));
+}
+
+QString hex32(unsigned value) {
+    return QStringLiteral("0x%1").arg(value, 8, 16, QLatin1Char('0'));
+}
+
+EepromImage::EepromImage() {
+    walk();
+}
+
+EepromImage EepromImage::fromBytes(const QByteArray& bytes) {
+    EepromImage result;
+    result.image = bytes;
+    result.walk();
+    return result;
+}
+
+bool EepromImage::fromFile(const QString& path, EepromImage& result, QString& error) {
+    const QFileInfo info(path);
+    QString reason;
+    QFile file(path);
+    QByteArray content;
+    if (!info.exists())
+        reason = QStringLiteral("No such file or directory");
+    else if (info.isDir())
+        reason = QStringLiteral("Is a directory");
+    else if (info.size() > MaxFileSize)
+        reason = QStringLiteral("%1 bytes, too large for an EEPROM image (at most %2)")
+                     .arg(info.size())
+                     .arg(MaxFileSize);
+    else if (!file.open(QIODevice::ReadOnly))
+        reason = file.errorString();
+    else {
+        content = file.read(MaxFileSize + 1);
+        if (file.error() != QFileDevice::NoError)
+            reason = file.errorString();
+        else if (content.size() > MaxFileSize)
+            reason = QStringLiteral("too large for an EEPROM image (more than %1 bytes)")
+                         .arg(MaxFileSize);
+    }
+    if (!reason.isEmpty()) {
+        error = QStringLiteral("cannot read %1: %2").arg(path, reason);
+        return false;
+    }
+    result = fromBytes(content);
+    return true;
+}
+
+void EepromImage::walk() {
+    using bytes::getLE;
+    blocks.clear();
+    broken.clear();
+    used = 0;
+    auto fail = [this](int offset, const QString& text) { broken.append({offset, text}); };
+    if (image.isEmpty())
+        return fail(0, QStringLiteral("the image is empty"));
+
+    // Every step moves at least 8 bytes on, so the walk ends after at most size / 8 steps.
+    int offset = 0;
+    for (;;) {
+        const int left = image.size() - offset;
+        if (left == 0)
+            return fail(offset,
+                        QStringLiteral("no end block: the chain runs to the end of the image"));
+        if (left >= 2 && getLE<quint16>(image, offset) == kEndId) {
+            if (left < kEndBlockSize)
+                return fail(
+                    offset,
+                    QStringLiteral("end block cut short: %1 of 4 left").arg(bytesText(left)));
+            // The end block is FF FF 00 00; erased memory reads FF FF FF FF.
+            const quint16 endData = getLE<quint16>(image, offset + 2);
+            if (endData != 0)
+                return fail(
+                    offset,
+                    QStringLiteral("end block reads %1 instead of FF FF 00 00%2")
+                        .arg(QString::fromLatin1(
+                                 image.mid(offset, kEndBlockSize).toHex(' ').toUpper()),
+                             endData == 0xFFFF ? QStringLiteral(" (erased memory?)") : QString()));
+            ImageBlock end;
+            end.offset = offset;
+            end.id = kEndId;
+            end.size = kEndBlockSize;
+            end.isEnd = true;
+            blocks.append(end);
+            used = offset + kEndBlockSize;
+            return;
+        }
+        if (left < kHeaderSize)
+            return fail(
+                offset,
+                QStringLiteral("block header cut short: %1 of 8 left").arg(bytesText(left)));
+        const quint16 id = getLE<quint16>(image, offset);
+        const quint16 size = getLE<quint16>(image, offset + 2);
+        if (size < kHeaderSize)
+            return fail(offset, QStringLiteral("block %1 has size %2, less than its 8-byte header")
+                                    .arg(id)
+                                    .arg(size));
+        if (size > left)
+            return fail(offset,
+                        QStringLiteral("block %1 of %2 runs past the end of the image (%3 left)")
+                            .arg(QString::number(id), bytesText(size), bytesText(left)));
+        ImageBlock entry;
+        entry.offset = offset;
+        entry.id = id;
+        entry.size = size;
+        entry.alignment = getLE<quint16>(image, offset + 6);
+        check(entry);
+        blocks.append(entry);
+        offset += size;
+    }
+}
+
+void EepromImage::check(ImageBlock& entry) const {
+    const unsigned char* block = at(image, entry.offset);
+    const auto size = static_cast<std::size_t>(entry.size);
+    entry.hasChecksum = true;
+    entry.storedChecksum = bytes::getLE<quint16>(image, entry.offset + 4);
+    const quint16 sum = imagechecks::wordSum(block, size);
+    // The sum with the checksum word taken as 0, negated, is what the checksum should be.
+    entry.computedChecksum = static_cast<quint16>(-(sum - entry.storedChecksum));
+    entry.checksumOk = sum == 0;
+
+    const BlockKindInfo kind = blockCatalogue::describe(entry.id);
+    if (kind.kind == BlockKind::SelfDescribing) {
+        entry.hasCrc = true;
+        entry.storedCrc = bytes::getLE<quint32>(image, entry.offset + 8);
+        entry.computedCrc = imagechecks::crc32Skipping4To11(block, size);
+        if (entry.size <= 11)
+            entry.crcOk = false;
+        else if (entry.storedCrc == entry.computedCrc)
+            entry.crcOk = true;
+        else
+            entry.crcOk = entry.eventCounter =
+                entry.storedCrc == kEventCountMark + static_cast<quint32>(entry.size);
+    }
+    if (kind.kind == BlockKind::CalibrationTable)
+        entry.overCapacity = tableKinds::overCapacity(entry.id, at(image, entry.offset), size);
+}
+
+int EepromImage::dataBlockCount() const {
+    int count = 0;
+    for (const ImageBlock& entry : blocks)
+        count += entry.isEnd ? 0 : 1;
+    return count;
+}
+
+QByteArray EepromImage::blockBytes(int index) const {
+    if (index < 0 || index >= blocks.size())
+        return QByteArray();
+    return image.mid(blocks[index].offset, blocks[index].size);
+}
+
+BlockKindInfo EepromImage::kindOf(int index) const {
+    if (index < 0 || index >= blocks.size())
+        return BlockKindInfo();
+    return blockCatalogue::describe(blocks[index].id);
+}
+
+QString EepromImage::name(int index) const {
+    return QString::fromStdString(kindOf(index).name());
+}
+
+std::unique_ptr<HwDatablock> EepromImage::makeBlock(int index) const {
+    if (index < 0 || index >= blocks.size())
+        return nullptr;
+    return blockCatalogue::makeBlock(blocks[index].id, blockBytes(index));
+}
+
+int EepromImage::find(quint16 id, int from) const {
+    for (int i = qMax(from, 0); i < blocks.size(); ++i)
+        if (blocks[i].id == id)
+            return i;
+    return -1;
+}
+
+QVector<ImageProblem> EepromImage::problems() const {
+    QVector<ImageProblem> found;
+    for (const ImageBlock& entry : blocks) {
+        const QString block = QStringLiteral("block %1: ").arg(entry.id);
+        if (!entry.checksumOk)
+            found.append(
+                {entry.offset,
+                 block + QStringLiteral("checksum BAD (stored %1, computed %2)")
+                             .arg(hex16(entry.storedChecksum), hex16(entry.computedChecksum))});
+        // A block of 11 bytes or less fails even where the bytes it has agree.
+        if (!entry.crcOk && entry.size <= 11)
+            found.append(
+                {entry.offset,
+                 block + QStringLiteral("CRC-32 BAD (%1 bytes cannot hold one)").arg(entry.size)});
+        else if (!entry.crcOk)
+            found.append(
+                {entry.offset, block + QStringLiteral("CRC-32 BAD (stored %1, computed %2)")
+                                           .arg(hex32(entry.storedCrc), hex32(entry.computedCrc))});
+        if (!entry.overCapacity.isEmpty())
+            found.append({entry.offset, block + entry.overCapacity});
+    }
+    return found + broken;
+}
+
+bool EepromImage::ok() const {
+    if (chainBroken())
+        return false;
+    for (const ImageBlock& entry : blocks)
+        if (!entry.ok())
+            return false;
+    return true;
+}
+
+int EepromImage::endOffset() const {
+    if (chainBroken() || blocks.isEmpty() || !blocks.last().isEnd)
+        return -1;
+    return blocks.last().offset;
+}
+
+bool EepromImage::replaceBlock(int index, const QByteArray& block, QString& error) {
+    QMap<int, QByteArray> one;
+    one.insert(index, block);
+    return replaceBlocks(one, error);
+}
+
+bool EepromImage::replaceBlocks(const QMap<int, QByteArray>& replacements, QString& error) {
+    if (chainBroken()) {
+        error = QStringLiteral("the chain is broken");
+        return false;
+    }
+    for (auto it = replacements.begin(); it != replacements.end(); ++it) {
+        const QByteArray& block = it.value();
+        if (it.key() < 0 || it.key() >= blocks.size() || blocks[it.key()].isEnd) {
+            error = QStringLiteral("there is no data block %1").arg(it.key());
+            return false;
+        }
+        if (block.size() < kHeaderSize || bytes::getLE<quint16>(block, 2) != block.size() ||
+            bytes::getLE<quint16>(block, 0) == kEndId) {
+            error = QStringLiteral("the new block %1 of %2 bytes is not a block image")
+                        .arg(it.key())
+                        .arg(block.size());
+            return false;
+        }
+    }
+    QByteArray rebuilt;
+    rebuilt.reserve(image.size());
+    for (int i = 0; i < blocks.size(); ++i)
+        rebuilt += replacements.contains(i) ? replacements.value(i)
+                                            : image.mid(blocks[i].offset, blocks[i].size);
+    if (rebuilt.size() > image.size()) {
+        error = QStringLiteral("the new chain needs %1 bytes, the image holds %2")
+                    .arg(rebuilt.size())
+                    .arg(image.size());
+        return false;
+    }
+    // The free bytes follow as they were: a grown chain cuts them short at the end, a shrunk
+    // one is filled up with erased bytes.
+    rebuilt += image.mid(used);
+    if (rebuilt.size() > image.size())
+        rebuilt.truncate(image.size());
+    else if (rebuilt.size() < image.size())
+        rebuilt += QByteArray(image.size() - rebuilt.size(), '\xFF');
+    image = rebuilt;
+    walk();
+    return true;
+}
+
+} // namespace Tupsim

@@ -1,0 +1,227 @@
+// Reading an ASCII calibration file back into an EEPROM image: the plan and its application.
+#include "ImageImport.h"
+
+#include "core/HwBytes.h"
+#include "image/TableKinds.h"
+
+#include <QHash>
+#include <sstream>
+
+namespace Tupsim {
+
+namespace {
+
+QString counted(int count, const char* one, const char* many) {
+    return QStringLiteral("%1 %2").arg(count).arg(QLatin1String(count == 1 ? one : many));
+}
+
+QString counts(quint32 rows, quint32 cols) {
+    return QStringLiteral("%1*%2").arg(rows).arg(cols);
+}
+
+// The sections of a calibration file by the name behind each "ID:" that opens a line, with the
+// line of the first one of each name.
+struct Sections {
+    QVector<QPair<QString, int>> inOrder;
+    QHash<QString, int> lineOf;
+
+    explicit Sections(const QByteArray& text) {
+        int line = 0;
+        for (const QByteArray& raw : text.split('\n')) {
+            ++line;
+            const QByteArray trimmed = raw.trimmed();
+            if (!trimmed.startsWith("ID:"))
+                continue;
+            const QString name = QString::fromLatin1(trimmed.mid(3).trimmed());
+            if (name.isEmpty() || lineOf.contains(name))
+                continue;
+            lineOf.insert(name, line);
+            inOrder.append({name, line});
+        }
+    }
+};
+
+std::string printed(const tableKinds::TableKind& kind, const QByteArray& block) {
+    std::ostringstream text;
+    kind.print(block, text);
+    return text.str();
+}
+
+// The block read back from its class's own printout of it; empty when that does not read.
+QByteArray ownReadBack(const tableKinds::TableKind& kind, const QByteArray& block) {
+    std::istringstream in(printed(kind, block));
+    QByteArray again;
+    return kind.read(in, again).ok() ? again : QByteArray();
+}
+
+// Why a table block cannot be replaced from its text form; empty when it can. The class's own
+// printout of the block must read back to the very same bytes, except for values that the text
+// form only rounds: those blocks take the edited cells alone.
+QString importBlocker(const tableKinds::TableKind& kind, const ImageBlock& entry,
+                      const QByteArray& block, const QByteArray& again) {
+    if (block.size() != kind.imageSize)
+        return QStringLiteral("its size is %1 bytes, the table's image has %2")
+            .arg(block.size())
+            .arg(kind.imageSize);
+    if (!entry.overCapacity.isEmpty())
+        return QStringLiteral("its ") + entry.overCapacity;
+    if (again == block)
+        return QString();
+    if (again.isEmpty())
+        return QStringLiteral("its own text form does not read back");
+    // Bytes 4 and 5 hold the checksum, which the reader computes afresh.
+    if (again.size() == block.size() && again.left(4) == block.left(4) &&
+        again.mid(6) == block.mid(6))
+        return QStringLiteral("its checksum is bad");
+    const TableChange change = kind.compare(block, again);
+    const bool onlyValuesRounded =
+        again.size() == block.size() && change.rowsBefore == change.rowsAfter &&
+        change.colsBefore == change.colsAfter && change.indexes == 0 && change.descriptors == 0;
+    if (onlyValuesRounded)
+        return QString();
+    return QStringLiteral("its own text form ") + change.differences();
+}
+
+QStringList complaintLines(const TextReadStatus& status) {
+    QStringList lines;
+    for (const TextReadComplaint& complaint : status.complaints)
+        lines << QStringLiteral("line %1: %2")
+                     .arg(complaint.line)
+                     .arg(QString::fromStdString(complaint.text));
+    if (status.moreComplaints > 0)
+        lines << QStringLiteral("... and %1 more lines like this").arg(status.moreComplaints);
+    return lines;
+}
+
+QString skipReason(const BlockKindInfo& kind) {
+    if (kind.kind == BlockKind::CalibrationTable)
+        return QStringLiteral("its table does not read its own text form back");
+    return QStringLiteral("%1 blocks are not imported")
+        .arg(QLatin1String(blockCatalogue::kindName(kind.kind)));
+}
+
+} // namespace
+
+QString TableChange::text() const {
+    QString line = counted(cells, "cell", "cells") + QStringLiteral(" changed");
+    if (rowsBefore != rowsAfter || colsBefore != colsAfter)
+        line += QStringLiteral(", counts %1 -> %2")
+                    .arg(counts(rowsBefore, colsBefore), counts(rowsAfter, colsAfter));
+    if (indexes > 0)
+        line += QStringLiteral(", ") + counted(indexes, "index", "indexes") +
+                QStringLiteral(" changed");
+    if (descriptors > 0)
+        line += QStringLiteral(", ") + counted(descriptors, "descriptor", "descriptors") +
+                QStringLiteral(" changed");
+    return line;
+}
+
+QString TableChange::differences() const {
+    QStringList parts;
+    if (cells > 0)
+        parts << counted(cells, "cell", "cells");
+    if (rowsBefore != rowsAfter || colsBefore != colsAfter)
+        parts << QStringLiteral("the counts");
+    if (indexes > 0)
+        parts << counted(indexes, "index", "indexes");
+    if (descriptors > 0)
+        parts << counted(descriptors, "descriptor", "descriptors");
+    if (parts.isEmpty())
+        return QStringLiteral("does not read back to the same bytes");
+    return QStringLiteral("reads back %1 differently").arg(parts.join(QStringLiteral(" and ")));
+}
+
+int ImportPlan::changedCount() const {
+    int changed = 0;
+    for (const ImportedBlock& block : blocks)
+        changed += block.outcome == ImportedBlock::Changed ? 1 : 0;
+    return changed;
+}
+
+QMap<int, QByteArray> ImportPlan::replacements() const {
+    QMap<int, QByteArray> changed;
+    for (const ImportedBlock& block : blocks)
+        if (block.outcome == ImportedBlock::Changed)
+            changed.insert(block.index, block.after);
+    return changed;
+}
+
+ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationText) {
+    ImportPlan plan;
+    const Sections sections(calibrationText);
+    const std::string text = calibrationText.toStdString();
+    QHash<QString, BlockKindInfo> imageNames; // the kind of the first block of each name
+    for (int i = 0; i < image.blockCount(); ++i) {
+        const ImageBlock& entry = image.block(i);
+        const BlockKindInfo kind = image.kindOf(i);
+        const QString name = QString::fromStdString(kind.textId);
+        if (!imageNames.contains(name))
+            imageNames.insert(name, kind);
+        const tableKinds::TableKind* table = tableKinds::find(entry.id);
+        if (entry.isEnd || !kind.readsBack || table == nullptr || !sections.lineOf.contains(name))
+            continue;
+
+        ImportedBlock block;
+        block.index = i;
+        block.id = entry.id;
+        block.offset = entry.offset;
+        block.name = name;
+        block.before = image.blockBytes(i);
+        const QByteArray unedited =
+            entry.overCapacity.isEmpty() ? ownReadBack(*table, block.before) : QByteArray();
+        block.note = importBlocker(*table, entry, block.before, unedited);
+        if (!block.note.isEmpty()) {
+            block.outcome = ImportedBlock::NotImportable;
+            plan.blocks.append(block);
+            continue;
+        }
+        std::istringstream in(text);
+        QByteArray edited;
+        const TextReadStatus status = table->read(in, edited);
+        if (!status.ok()) {
+            plan.ok = false;
+            plan.error = QStringLiteral("section %1, %2")
+                             .arg(name, QString::fromStdString(status.message()));
+            return plan;
+        }
+        block.complaints = complaintLines(status);
+        // Where the text form cannot carry a stored value exactly, only the edited cells change.
+        block.after =
+            unedited == block.before ? edited : table->merge(block.before, unedited, edited);
+        if (block.after == block.before) {
+            block.outcome = ImportedBlock::Unchanged;
+            block.after.clear();
+        } else {
+            block.outcome = ImportedBlock::Changed;
+            block.note = table->compare(block.before, block.after).text();
+            if (block.after.size() != block.before.size())
+                block.note += QStringLiteral(", size %1 -> %2")
+                                  .arg(block.before.size())
+                                  .arg(block.after.size());
+            block.note += QStringLiteral(", checksum %1 -> %2")
+                              .arg(hex16(bytes::getLE<quint16>(block.before, 4)),
+                                   hex16(bytes::getLE<quint16>(block.after, 4)));
+        }
+        plan.blocks.append(block);
+    }
+    for (const auto& section : sections.inOrder) {
+        const auto found = imageNames.constFind(section.first);
+        if (found == imageNames.constEnd())
+            plan.skipped.append({section.first, section.second,
+                                 QStringLiteral("no block of the image has this name")});
+        else if (!found->readsBack && found->kind != BlockKind::End)
+            plan.skipped.append({section.first, section.second, skipReason(*found)});
+    }
+    return plan;
+}
+
+bool applyImport(EepromImage& image, const ImportPlan& plan, QString& error) {
+    if (!plan.ok) {
+        error = plan.error;
+        return false;
+    }
+    const QMap<int, QByteArray> changed = plan.replacements();
+    return changed.isEmpty() || image.replaceBlocks(changed, error);
+}
+
+} // namespace Tupsim

@@ -1,0 +1,184 @@
+// The calibration table classes of the catalogue, by block id, driven through their own
+// printing, reading and cell access.
+#include "image/TableKinds.h"
+
+#include "HwCalibTableBlocks.h"
+#include "core/HwBytes.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <iterator>
+
+namespace Tupsim {
+namespace tableKinds {
+
+namespace {
+
+struct Capacity {
+    quint32 rows;
+    quint32 cols;
+};
+
+// Deduced from the template a class derives from.
+template <typename R, typename V, unsigned int Rows, unsigned int Cols>
+Capacity capacityOf(HwDatablockBaseTemplate<R, V, Rows, Cols>*) {
+    return {Rows, Cols};
+}
+template <typename R, typename V, unsigned int Rows, unsigned int Cols>
+Capacity capacityOf(HwDatablockBaseTemplateIndex<R, V, Rows, Cols>*) {
+    return {Rows, Cols};
+}
+template <typename R, typename V, unsigned int D, unsigned int Rows, unsigned int Cols>
+Capacity capacityOf(HwDatablockBaseTemplateExtended<R, V, D, Rows, Cols>*) {
+    return {Rows, Cols};
+}
+
+// What a table holds besides its cells: the index table its row indexes, the table with
+// descriptors its descriptors.
+inline void compareExtras(HwDatablock&, HwDatablock&, TableChange&) {}
+
+template <typename R, typename V, unsigned int Rows, unsigned int Cols>
+void compareExtras(HwDatablockBaseTemplateIndex<R, V, Rows, Cols>& a,
+                   HwDatablockBaseTemplateIndex<R, V, Rows, Cols>& b, TableChange& change) {
+    for (unsigned int row = 0; row < Rows; ++row)
+        change.indexes += a.getIndex(row) != b.getIndex(row) ? 1 : 0;
+}
+
+template <typename R, typename V, unsigned int D, unsigned int Rows, unsigned int Cols>
+void compareExtras(HwDatablockBaseTemplateExtended<R, V, D, Rows, Cols>& a,
+                   HwDatablockBaseTemplateExtended<R, V, D, Rows, Cols>& b, TableChange& change) {
+    for (unsigned int i = 0; i < D; ++i) {
+        std::string before;
+        std::string after;
+        a.getDescriptor(static_cast<int>(i), before);
+        b.getDescriptor(static_cast<int>(i), after);
+        change.descriptors += before != after ? 1 : 0;
+    }
+}
+
+void load(HwDatablock& block, const QByteArray& image) {
+    block.setDataWithoutChecksumCheck(reinterpret_cast<const unsigned char*>(image.constData()),
+                                      static_cast<unsigned int>(image.size()));
+}
+
+template <class Block> struct Adapter {
+    static Capacity capacity() { return capacityOf(static_cast<Block*>(nullptr)); }
+
+    static TableKind kind(quint16 id) {
+        using Record = typename Block::HwSDatablock;
+        return {id,
+                capacity().rows,
+                capacity().cols,
+                static_cast<int>(sizeof(Record)),
+                static_cast<int>(offsetof(Record, rowCount)),
+                &print,
+                &read,
+                &compare,
+                &merge};
+    }
+
+    static void print(const QByteArray& image, std::ostream& out) {
+        Block block(false);
+        load(block, image);
+        block.printToStream(out);
+    }
+
+    static TextReadStatus read(std::istream& in, QByteArray& image) {
+        Block block(false);
+        const TextReadStatus status = block.readSection(in, block);
+        if (status.ok())
+            image = block.getByteArrayData();
+        return status;
+    }
+
+    static TableChange compare(const QByteArray& before, const QByteArray& after) {
+        Block a(false);
+        Block b(false);
+        load(a, before);
+        load(b, after);
+        TableChange change;
+        change.rowsBefore = a.getRowCount();
+        change.colsBefore = a.getColCount();
+        change.rowsAfter = b.getRowCount();
+        change.colsAfter = b.getColCount();
+        for (unsigned int row = 0; row < capacity().rows; ++row)
+            for (unsigned int col = 0; col < capacity().cols; ++col) {
+                const auto x = a.getCalValue(row, col);
+                const auto y = b.getCalValue(row, col);
+                // Two NaNs are the same stored value.
+                change.cells += (x == y || (x != x && y != y)) ? 0 : 1;
+            }
+        compareExtras(a, b, change);
+        return change;
+    }
+
+    static QByteArray merge(const QByteArray& stored, const QByteArray& unedited,
+                            const QByteArray& edited) {
+        Block result(false);
+        Block before(false);
+        Block after(false);
+        load(result, stored);
+        load(before, unedited);
+        load(after, edited);
+        if (after.getRowCount() != before.getRowCount())
+            result.setRowCount(after.getRowCount());
+        if (after.getColCount() != before.getColCount())
+            result.setColCount(after.getColCount());
+        auto* was = before.getBlock();
+        auto* now = after.getBlock();
+        for (unsigned int row = 0; row < capacity().rows; ++row)
+            for (unsigned int col = 0; col < capacity().cols; ++col)
+                if (std::memcmp(&was->values[row][col], &now->values[row][col],
+                                sizeof now->values[row][col]) != 0)
+                    result.setCalValue(now->values[row][col], row, col);
+        return result.getByteArrayData();
+    }
+};
+
+// Blocks whose name and instance their caller gives have no section of their own: left out.
+#define EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor) Adapter<Class>::kind(Id),
+#define EPROM_TABLE_BLOCK_TCXO(Class, Template, Args, Name, Id, Factor) Adapter<Class>::kind(Id),
+#define EPROM_TABLE_BLOCK_HEADED(Class, Template, Args, Name, Id, Factor, Title, Key, Limit,       \
+                                 Message, RowsMessage, OwnPrint)                                   \
+    Adapter<Class>::kind(Id),
+
+struct Kinds {
+    std::vector<TableKind> sorted;
+    Kinds() {
+        sorted = {
+#include "HwCalibTableBlocks.def"
+        };
+        std::stable_sort(sorted.begin(), sorted.end(),
+                         [](const TableKind& a, const TableKind& b) { return a.id < b.id; });
+    }
+};
+
+} // namespace
+
+const TableKind* find(quint16 id) {
+    static const Kinds kinds;
+    const auto found =
+        std::lower_bound(kinds.sorted.begin(), kinds.sorted.end(), id,
+                         [](const TableKind& kind, quint16 wanted) { return kind.id < wanted; });
+    return found == kinds.sorted.end() || found->id != id ? nullptr : &*found;
+}
+
+QString overCapacity(quint16 id, const unsigned char* block, std::size_t size) {
+    const TableKind* kind = find(id);
+    if (kind == nullptr)
+        return QString();
+    const char* base = reinterpret_cast<const char*>(block);
+    const quint32 rows = bytes::getLE<quint32>(base, size, kind->countsOffset);
+    const quint32 cols = bytes::getLE<quint32>(base, size, kind->countsOffset + 4);
+    if (rows <= kind->maxRows && cols <= kind->maxCols)
+        return QString();
+    return QStringLiteral("counts %1*%2 exceed the capacity %3*%4")
+        .arg(rows)
+        .arg(cols)
+        .arg(kind->maxRows)
+        .arg(kind->maxCols);
+}
+
+} // namespace tableKinds
+} // namespace Tupsim

@@ -1,0 +1,320 @@
+// The commands of epromtool: each parses its command line, calls the library's image layer and
+// prints what it got; the writing commands write through safeWrite.
+#include "Commands.h"
+
+#include "CommandLine.h"
+#include "Reports.h"
+#include "SafeWriter.h"
+#include "SampleImage.h"
+
+#include <EepromImage.h>
+#include <ImageDiff.h>
+#include <ImageExport.h>
+#include <ImageImport.h>
+#include <QFile>
+#include <QFileInfo>
+#include <QSet>
+#include <iostream>
+
+using Tupsim::EepromImage;
+
+namespace epromtool {
+
+namespace {
+
+const QString kImageArgument = QStringLiteral("IMAGE");
+const QString kImageHelp = QStringLiteral("The EEPROM image file.");
+
+// False, after one line on standard error, when the file cannot be read.
+bool load(const QString& path, EepromImage& image) {
+    QString reason;
+    if (EepromImage::fromFile(path, image, reason))
+        return true;
+    error(reason);
+    return false;
+}
+
+// Complains about every problem; true (after "PATH: the chain is broken, nothing DONE") when
+// the chain is broken and the command must stop.
+bool stopOnBrokenChain(const QString& path, const EepromImage& image, const QString& done) {
+    complain(path, image.problems());
+    if (!image.chainBroken())
+        return false;
+    error(QStringLiteral("%1: the chain is broken, nothing %2").arg(path, done));
+    return true;
+}
+
+// A command that reads IMAGE and prints one report of it, as text or with --json as JSON.
+int runReport(const QStringList& arguments, const QString& command, const QString& description,
+              QStringList (*text)(const EepromImage&),
+              QJsonDocument (*json)(const QString&, const EepromImage&)) {
+    CommandLine line(command, description);
+    line.addArgument(kImageArgument, kImageHelp);
+    line.addJsonOption();
+    const int early = line.parse(arguments);
+    if (early >= 0)
+        return early;
+    EepromImage image;
+    if (!load(line.argument(0), image))
+        return ExitUnreadable;
+    if (line.json())
+        out(json(line.argument(0), image));
+    else
+        out(text(image));
+    return exitCodeOf(image);
+}
+
+bool readFile(const QString& path, QByteArray& content) {
+    QFile file(path);
+    const QFileInfo info(path);
+    QString reason;
+    if (!info.exists())
+        reason = QStringLiteral("No such file or directory");
+    else if (info.isDir())
+        reason = QStringLiteral("Is a directory");
+    else if (!file.open(QIODevice::ReadOnly))
+        reason = file.errorString();
+    else
+        content = file.readAll();
+    if (reason.isEmpty())
+        return true;
+    error(QStringLiteral("cannot read %1: %2").arg(path, reason));
+    return false;
+}
+
+} // namespace
+
+int runList(const QStringList& arguments) {
+    return runReport(arguments, QStringLiteral("list"),
+                     QStringLiteral("Lists the blocks of IMAGE in chain order: offset, id, name, "
+                                    "size, 16-bit checksum and, for ids 20000 and above, CRC-32."),
+                     &listing, &listingJson);
+}
+
+int runVerify(const QStringList& arguments) {
+    return runReport(arguments, QStringLiteral("verify"),
+                     QStringLiteral("Checks the chain of IMAGE and every block's checksum and "
+                                    "CRC-32; prints the problems and one summary line."),
+                     &verification, &verificationJson);
+}
+
+int runShow(const QStringList& arguments) {
+    CommandLine line(QStringLiteral("show"),
+                     QStringLiteral("Prints every block of IMAGE with the given id."));
+    line.addArgument(kImageArgument, kImageHelp);
+    line.addOption({QStringLiteral("id"),
+                    QStringLiteral("The block id, decimal or 0x hexadecimal (required)."),
+                    QStringLiteral("N")});
+    line.addOption({QStringLiteral("hex"), QStringLiteral("Print the bytes as a hex dump.")});
+    line.addJsonOption();
+    const int early = line.parse(arguments);
+    if (early >= 0)
+        return early;
+    quint16 id = 0;
+    if (!line.isSet(QStringLiteral("id")))
+        return line.usageError(QStringLiteral("missing --id N"));
+    if (!CommandLine::parseId(line.value(QStringLiteral("id")), id))
+        return line.usageError(
+            QStringLiteral("'%1' is not a block id").arg(line.value(QStringLiteral("id"))));
+
+    const QString path = line.argument(0);
+    EepromImage image;
+    if (!load(path, image))
+        return ExitUnreadable;
+    QVector<int> chosen;
+    for (int i = image.find(id); i >= 0; i = image.find(id, i + 1))
+        chosen.append(i);
+    complain(path, image.chainProblems());
+    if (chosen.isEmpty()) {
+        error(QStringLiteral("%1: no block with id %2").arg(path).arg(id));
+        return ExitUnreadable;
+    }
+    if (line.json()) {
+        out(showJson(path, image, chosen));
+        return exitCodeOf(image);
+    }
+    for (int i = 0; i < chosen.size(); ++i) {
+        if (i > 0)
+            out(QString());
+        out(headline(image, chosen[i]));
+        if (line.isSet(QStringLiteral("hex")))
+            out(hexDump(image.blockBytes(chosen[i])));
+        else
+            std::cout << Tupsim::exportBlock(image, chosen[i]);
+    }
+    std::cout.flush();
+    return exitCodeOf(image);
+}
+
+int runDiff(const QStringList& arguments) {
+    CommandLine line(QStringLiteral("diff"),
+                     QStringLiteral("Compares two images block by block: blocks added, removed "
+                                    "or changed, with the changed header fields and the number "
+                                    "of payload bytes that differ."));
+    line.addArgument(QStringLiteral("IMAGE_A"), QStringLiteral("The first image."));
+    line.addArgument(QStringLiteral("IMAGE_B"), QStringLiteral("The second image."));
+    line.addJsonOption();
+    const int early = line.parse(arguments);
+    if (early >= 0)
+        return early;
+    EepromImage a;
+    EepromImage b;
+    if (!load(line.argument(0), a))
+        return ExitUnreadable;
+    complain(line.argument(0), a.problems());
+    if (!load(line.argument(1), b))
+        return ExitUnreadable;
+    complain(line.argument(1), b.problems());
+    const Tupsim::ImageDiff diff = Tupsim::diffImages(a, b);
+    if (line.json())
+        out(diffJson(line.argument(0), a, line.argument(1), b, diff));
+    else
+        out(diffText(a, diff));
+    return worse(exitCodeOf(a), exitCodeOf(b));
+}
+
+int runExport(const QStringList& arguments) {
+    CommandLine line(QStringLiteral("export"),
+                     QStringLiteral("Writes the blocks of IMAGE as an ASCII calibration file, "
+                                    "each in the form of its own class."));
+    line.addArgument(kImageArgument, kImageHelp);
+    line.addOption({{QStringLiteral("o"), QStringLiteral("output")},
+                    QStringLiteral("Write to FILE instead of standard output."),
+                    QStringLiteral("FILE")});
+    line.addOption({QStringLiteral("id"),
+                    QStringLiteral("Export only blocks with this id; may be repeated."),
+                    QStringLiteral("N")});
+    const int early = line.parse(arguments);
+    if (early >= 0)
+        return early;
+    QSet<quint16> ids;
+    for (const QString& text : line.values(QStringLiteral("id"))) {
+        quint16 id = 0;
+        if (!CommandLine::parseId(text, id))
+            return line.usageError(QStringLiteral("'%1' is not a block id").arg(text));
+        ids.insert(id);
+    }
+
+    const QString path = line.argument(0);
+    EepromImage image;
+    if (!load(path, image))
+        return ExitUnreadable;
+    if (stopOnBrokenChain(path, image, QStringLiteral("exported")))
+        return ExitUnreadable;
+    QSet<quint16> missing = ids;
+    for (int i = 0; i < image.blockCount(); ++i)
+        missing.remove(image.block(i).id);
+    if (!missing.isEmpty()) {
+        for (quint16 id : missing)
+            error(QStringLiteral("%1: no block with id %2").arg(path).arg(id));
+        return ExitUnreadable;
+    }
+    const std::string content = Tupsim::exportImage(image, ids);
+    if (!line.isSet(QStringLiteral("output"))) {
+        std::cout << content;
+        std::cout.flush();
+        return exitCodeOf(image);
+    }
+    QString reason;
+    if (!safeWrite(line.value(QStringLiteral("output")),
+                   QByteArray(content.data(), static_cast<int>(content.size())), false, reason)) {
+        error(reason);
+        return ExitWriteFailed;
+    }
+    return exitCodeOf(image);
+}
+
+int runImport(const QStringList& arguments) {
+    CommandLine line(QStringLiteral("import"),
+                     QStringLiteral("Replaces every block of IMAGE whose class reads the ASCII "
+                                    "form and whose section CALFILE holds; all other bytes pass "
+                                    "through. Writes IMAGE in place, keeping IMAGE.bak."));
+    line.addArgument(kImageArgument, kImageHelp);
+    line.addArgument(QStringLiteral("CALFILE"), QStringLiteral("The ASCII calibration file."));
+    line.addWriteOptions(kImageArgument);
+    line.addJsonOption();
+    const int early = line.parse(arguments);
+    if (early >= 0)
+        return early;
+
+    const QString path = line.argument(0);
+    EepromImage image;
+    if (!load(path, image))
+        return ExitUnreadable;
+    if (stopOnBrokenChain(path, image, QStringLiteral("imported")))
+        return ExitUnreadable;
+    const QString calibrationPath = line.argument(1);
+    QByteArray calibrationText;
+    if (!readFile(calibrationPath, calibrationText))
+        return ExitUnreadable;
+
+    // Everything is read before anything is written.
+    const Tupsim::ImportPlan plan = Tupsim::planImport(image, calibrationText);
+    if (!plan.ok) {
+        error(QStringLiteral("%1: %2; nothing written").arg(calibrationPath, plan.error));
+        return ExitUnreadable;
+    }
+    const int code = exitCodeOf(image);
+    const int dataBlocks = image.dataBlockCount();
+    QStringList lines = importLines(plan);
+    QString reason;
+    if (!Tupsim::applyImport(image, plan, reason)) {
+        out(lines);
+        error(QStringLiteral("%1: %2; nothing written").arg(path, reason));
+        return ExitWriteFailed;
+    }
+    lines << QStringLiteral("%1 of %2 blocks have a section in %3, %4 replaced")
+                 .arg(plan.blocks.size())
+                 .arg(dataBlocks)
+                 .arg(calibrationPath)
+                 .arg(plan.changedCount());
+
+    const QString target =
+        line.isSet(QStringLiteral("output")) ? line.value(QStringLiteral("output")) : path;
+    const bool keepBackup = !line.isSet(QStringLiteral("no-backup"));
+    QString written;
+    if (line.isSet(QStringLiteral("dry-run"))) {
+        lines << QStringLiteral("dry run: %1 left as it is").arg(target);
+    } else {
+        const bool backedUp = keepBackup && QFileInfo::exists(target);
+        if (!safeWrite(target, image.bytes(), keepBackup, reason)) {
+            out(lines);
+            error(reason + QStringLiteral("; %1 left as it is").arg(target));
+            return ExitWriteFailed;
+        }
+        written = target;
+        lines << (backedUp ? QStringLiteral("wrote %1, previous kept as %2")
+                                 .arg(target, backupPath(target))
+                           : QStringLiteral("wrote %1").arg(target));
+    }
+    if (line.json())
+        out(importJson(path, calibrationPath, plan, dataBlocks, written));
+    else
+        out(lines);
+    return code;
+}
+
+int runSample(const QStringList& arguments) {
+    CommandLine line(QStringLiteral("sample"),
+                     QStringLiteral("Writes a demonstration EEPROM image of 32 KiB, built through "
+                                    "the library's own setters: identification, service, "
+                                    "statistics and modification blocks, calibration tables, a "
+                                    "self-describing block and the end block. The bytes are the "
+                                    "same on every run."));
+    line.addOption({{QStringLiteral("o"), QStringLiteral("output")},
+                    QStringLiteral("The file to write (required)."),
+                    QStringLiteral("FILE")});
+    const int early = line.parse(arguments);
+    if (early >= 0)
+        return early;
+    if (!line.isSet(QStringLiteral("output")))
+        return line.usageError(QStringLiteral("missing -o FILE"));
+    QString reason;
+    if (!safeWrite(line.value(QStringLiteral("output")), sampleImage(), false, reason)) {
+        error(reason);
+        return ExitWriteFailed;
+    }
+    return ExitOk;
+}
+
+} // namespace epromtool

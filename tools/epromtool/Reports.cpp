@@ -1,0 +1,406 @@
+// What epromtool prints: reports of images, differences and imports as text and as JSON.
+#include "Reports.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <iostream>
+
+using Tupsim::EepromImage;
+using Tupsim::hex16;
+using Tupsim::hex32;
+using Tupsim::ImageBlock;
+
+namespace epromtool {
+
+namespace {
+
+QString offsetText(int offset) {
+    return hex16(static_cast<unsigned>(offset));
+}
+
+QString problemLine(const Tupsim::ImageProblem& problem) {
+    return offsetText(problem.offset) + QStringLiteral(": ") + problem.text;
+}
+
+QString blocksText(int count) {
+    return count == 1 ? QStringLiteral("1 block") : QStringLiteral("%1 blocks").arg(count);
+}
+
+QString verdict(bool present, bool ok) {
+    if (!present)
+        return QStringLiteral("-");
+    return ok ? QStringLiteral("ok") : QStringLiteral("BAD");
+}
+
+QString tableRow(const QString& offset, const QString& id, const QString& name, int nameWidth,
+                 const QString& size, const QString& checksum, const QString& crc) {
+    return QStringLiteral("%1  %2  %3  %4  %5  %6")
+        .arg(offset.leftJustified(6), id.rightJustified(5), name.leftJustified(nameWidth),
+             size.rightJustified(5), checksum.leftJustified(8), crc);
+}
+
+QJsonArray problemsJson(const QVector<Tupsim::ImageProblem>& problems) {
+    QJsonArray array;
+    for (const Tupsim::ImageProblem& problem : problems)
+        array.append(QJsonObject{{QStringLiteral("offset"), problem.offset},
+                                 {QStringLiteral("message"), problem.text}});
+    return array;
+}
+
+QJsonValue endOffset(const EepromImage& image) {
+    return image.chainBroken() ? QJsonValue() : QJsonValue(image.endOffset());
+}
+
+// What every report says about the image as a whole.
+QJsonObject imageObject(const QString& path, const EepromImage& image) {
+    return QJsonObject{{QStringLiteral("image"), path},
+                       {QStringLiteral("imageSize"), image.size()},
+                       {QStringLiteral("problems"), problemsJson(image.problems())},
+                       {QStringLiteral("exitCode"), exitCodeOf(image)}};
+}
+
+QJsonObject blockJson(const EepromImage& image, int index) {
+    const ImageBlock& b = image.block(index);
+    const Tupsim::BlockKindInfo kind = image.kindOf(index);
+    QJsonObject object{
+        {QStringLiteral("offset"), b.offset},
+        {QStringLiteral("id"), b.id},
+        {QStringLiteral("className"), QLatin1String(kind.className)},
+        {QStringLiteral("textId"), QString::fromStdString(kind.textId)},
+        {QStringLiteral("kind"), QLatin1String(Tupsim::blockCatalogue::kindName(kind.kind))},
+        {QStringLiteral("size"), b.size},
+        {QStringLiteral("end"), b.isEnd},
+        {QStringLiteral("alignment"), b.alignment}};
+    QJsonValue checksum;
+    if (b.hasChecksum)
+        checksum = QJsonObject{{QStringLiteral("stored"), b.storedChecksum},
+                               {QStringLiteral("computed"), b.computedChecksum},
+                               {QStringLiteral("ok"), b.checksumOk}};
+    object[QStringLiteral("checksum")] = checksum;
+    QJsonValue crc;
+    if (b.hasCrc)
+        crc = QJsonObject{{QStringLiteral("stored"), static_cast<qint64>(b.storedCrc)},
+                          {QStringLiteral("computed"), static_cast<qint64>(b.computedCrc)},
+                          {QStringLiteral("ok"), b.crcOk},
+                          {QStringLiteral("eventCounter"), b.eventCounter}};
+    object[QStringLiteral("crc32")] = crc;
+    return object;
+}
+
+const char* differenceName(Tupsim::BlockDifference::Kind kind) {
+    switch (kind) {
+    case Tupsim::BlockDifference::Changed:
+        return "changed";
+    case Tupsim::BlockDifference::Removed:
+        return "removed";
+    case Tupsim::BlockDifference::Added:
+        return "added";
+    }
+    return "";
+}
+
+QString fieldValue(const Tupsim::HeaderChange& change, int value) {
+    return change.field == QLatin1String("checksum") ? hex16(static_cast<unsigned>(value))
+                                                     : QString::number(value);
+}
+
+QString differenceLine(const Tupsim::BlockDifference& d) {
+    using Tupsim::BlockDifference;
+    QString line = QStringLiteral("%1 block %2 at ")
+                       .arg(QString::fromLatin1(differenceName(d.kind)).leftJustified(7))
+                       .arg(d.id);
+    if (d.kind == BlockDifference::Removed)
+        return line + QStringLiteral("%1, %2 bytes").arg(offsetText(d.offsetA)).arg(d.sizeA);
+    if (d.kind == BlockDifference::Added)
+        return line + QStringLiteral("%1, %2 bytes").arg(offsetText(d.offsetB)).arg(d.sizeB);
+    line += offsetText(d.offsetA);
+    if (d.offsetB != d.offsetA)
+        line += QStringLiteral(" -> ") + offsetText(d.offsetB);
+    QStringList changes;
+    for (const Tupsim::HeaderChange& change : d.headerChanges)
+        changes << QStringLiteral("%1 %2 -> %3")
+                       .arg(change.field, fieldValue(change, change.before),
+                            fieldValue(change, change.after));
+    if (d.bytesChanged > 0)
+        changes << (d.bytesChanged == 1
+                        ? QStringLiteral("1 payload byte changed")
+                        : QStringLiteral("%1 payload bytes changed").arg(d.bytesChanged));
+    return line + QStringLiteral(": ") + changes.join(QStringLiteral(", "));
+}
+
+QString importedLine(const Tupsim::ImportedBlock& block) {
+    using Tupsim::ImportedBlock;
+    QString line = QStringLiteral("block %1 at %2 %3: ")
+                       .arg(QString::number(block.id), offsetText(block.offset), block.name);
+    switch (block.outcome) {
+    case ImportedBlock::NotImportable:
+        return line + QStringLiteral("not importable, %1; left as it was").arg(block.note);
+    case ImportedBlock::Unchanged:
+        return line + QStringLiteral("unchanged");
+    case ImportedBlock::Changed:
+        return line + block.note;
+    }
+    return line;
+}
+
+const char* outcomeName(Tupsim::ImportedBlock::Outcome outcome) {
+    switch (outcome) {
+    case Tupsim::ImportedBlock::Unchanged:
+        return "unchanged";
+    case Tupsim::ImportedBlock::Changed:
+        return "changed";
+    case Tupsim::ImportedBlock::NotImportable:
+        return "not importable";
+    }
+    return "";
+}
+
+} // namespace
+
+void out(const QString& line) {
+    std::cout << line.toStdString() << '\n';
+}
+
+void out(const QStringList& lines) {
+    for (const QString& line : lines)
+        out(line);
+    std::cout.flush();
+}
+
+void out(const QJsonDocument& document) {
+    std::cout << document.toJson(QJsonDocument::Indented).toStdString();
+    std::cout.flush();
+}
+
+void error(const QString& text) {
+    std::cerr << "epromtool: " << text.toStdString() << std::endl;
+}
+
+int exitCodeOf(const EepromImage& image) {
+    if (image.chainBroken())
+        return 2;
+    return image.ok() ? 0 : 1;
+}
+
+void complain(const QString& path, const QVector<Tupsim::ImageProblem>& problems) {
+    for (const Tupsim::ImageProblem& problem : problems)
+        error(QStringLiteral("%1: %2").arg(path, problemLine(problem)));
+}
+
+QStringList listing(const EepromImage& image) {
+    QStringList names;
+    int nameWidth = 4;
+    for (int i = 0; i < image.blockCount(); ++i) {
+        names << image.name(i);
+        nameWidth = qMax(nameWidth, names.last().size());
+    }
+    QStringList lines;
+    lines.reserve(image.blockCount() + 3);
+    lines << tableRow(QStringLiteral("Offset"), QStringLiteral("Id"), QStringLiteral("Name"),
+                      nameWidth, QStringLiteral("Size"), QStringLiteral("Checksum"),
+                      QStringLiteral("CRC-32"));
+    for (int i = 0; i < image.blockCount(); ++i) {
+        const ImageBlock& b = image.block(i);
+        lines << tableRow(offsetText(b.offset), QString::number(b.id), names[i], nameWidth,
+                          QString::number(b.size), verdict(b.hasChecksum, b.checksumOk),
+                          verdict(b.hasCrc, b.crcOk));
+    }
+    for (const Tupsim::ImageProblem& problem : image.problems())
+        lines << problemLine(problem);
+    const QString blocks = blocksText(image.dataBlockCount());
+    if (image.chainBroken())
+        lines << QStringLiteral("%1 read, chain broken at %2")
+                     .arg(blocks, offsetText(image.chainProblems().first().offset));
+    else
+        lines << QStringLiteral("%1, end block at %2, %3 bytes used, %4 bytes free")
+                     .arg(blocks, offsetText(image.endOffset()))
+                     .arg(image.bytesUsed())
+                     .arg(image.bytesFree());
+    return lines;
+}
+
+QJsonDocument listingJson(const QString& path, const EepromImage& image) {
+    QJsonObject object = imageObject(path, image);
+    QJsonArray blocks;
+    for (int i = 0; i < image.blockCount(); ++i)
+        blocks.append(blockJson(image, i));
+    object[QStringLiteral("blocks")] = blocks;
+    object[QStringLiteral("endOffset")] = endOffset(image);
+    object[QStringLiteral("used")] = image.bytesUsed();
+    object[QStringLiteral("free")] = image.bytesFree();
+    return QJsonDocument(object);
+}
+
+QStringList verification(const EepromImage& image) {
+    QStringList lines;
+    const QVector<Tupsim::ImageProblem> problems = image.problems();
+    for (const Tupsim::ImageProblem& problem : problems)
+        lines << problemLine(problem);
+    const QString blocks = blocksText(image.dataBlockCount());
+    const QString problemCount = problems.size() == 1
+                                     ? QStringLiteral("1 problem")
+                                     : QStringLiteral("%1 problems").arg(problems.size());
+    if (image.chainBroken())
+        lines << QStringLiteral("FAILED: chain broken at %1 after %2, %3")
+                     .arg(offsetText(image.chainProblems().first().offset), blocks, problemCount);
+    else if (!problems.isEmpty())
+        lines << QStringLiteral("FAILED: %1 in %2, end block at %3")
+                     .arg(problemCount, blocks, offsetText(image.endOffset()));
+    else
+        lines << QStringLiteral("ok: %1 checked, end block at %2")
+                     .arg(blocks, offsetText(image.endOffset()));
+    return lines;
+}
+
+QJsonDocument verificationJson(const QString& path, const EepromImage& image) {
+    QJsonObject object = imageObject(path, image);
+    object[QStringLiteral("blocks")] = image.dataBlockCount();
+    object[QStringLiteral("endOffset")] = endOffset(image);
+    object[QStringLiteral("ok")] = exitCodeOf(image) == 0;
+    return QJsonDocument(object);
+}
+
+QString headline(const EepromImage& image, int index) {
+    const ImageBlock& b = image.block(index);
+    const Tupsim::BlockKindInfo kind = image.kindOf(index);
+    QString line =
+        QStringLiteral("block %1 at %2: %3")
+            .arg(QString::number(b.id), offsetText(b.offset), QLatin1String(kind.className));
+    if (!kind.textId.empty())
+        line += QLatin1Char(' ') + QString::fromStdString(kind.textId);
+    line += QStringLiteral(", %1 bytes").arg(b.size);
+    if (b.hasChecksum)
+        line += QStringLiteral(", alignment %1, checksum %2 %3")
+                    .arg(QString::number(b.alignment), hex16(b.storedChecksum),
+                         verdict(true, b.checksumOk));
+    if (b.hasCrc)
+        line += QStringLiteral(", CRC-32 %1 %2")
+                    .arg(hex32(b.storedCrc), verdict(true, b.crcOk))
+                    .append(b.eventCounter ? QStringLiteral(" (event counter)") : QString());
+    return line;
+}
+
+QJsonDocument showJson(const QString& path, const EepromImage& image, const QVector<int>& chosen) {
+    QJsonObject object = imageObject(path, image);
+    QJsonArray blocks;
+    for (int index : chosen) {
+        QJsonObject shown = blockJson(image, index);
+        shown[QStringLiteral("hex")] = QString::fromLatin1(image.blockBytes(index).toHex());
+        blocks.append(shown);
+    }
+    object[QStringLiteral("blocks")] = blocks;
+    return QJsonDocument(object);
+}
+
+QStringList hexDump(const QByteArray& bytes) {
+    constexpr int BytesPerLine = 16;
+    QStringList lines;
+    for (int at = 0; at < bytes.size(); at += BytesPerLine) {
+        QString line = QStringLiteral("%1 ").arg(at, 4, 16, QLatin1Char('0'));
+        for (int i = at; i < at + BytesPerLine && i < bytes.size(); ++i) {
+            // An extra blank splits each line into two groups of eight.
+            line += (i - at == 8) ? QStringLiteral("  ") : QStringLiteral(" ");
+            line += QStringLiteral("%1").arg(static_cast<unsigned char>(bytes.at(i)), 2, 16,
+                                             QLatin1Char('0'));
+        }
+        lines << line;
+    }
+    return lines;
+}
+
+QStringList diffText(const EepromImage& a, const Tupsim::ImageDiff& diff) {
+    QStringList lines;
+    int counts[3] = {0, 0, 0};
+    for (const Tupsim::BlockDifference& d : diff.differences) {
+        lines << differenceLine(d);
+        ++counts[d.kind];
+    }
+    if (diff.freeSpaceDiffers)
+        lines << QStringLiteral("free space behind the end block differs");
+    if (diff.differences.isEmpty())
+        lines << QStringLiteral("no differences in %1").arg(blocksText(a.dataBlockCount()));
+    else
+        lines << QStringLiteral("%1: %2 changed, %3 removed, %4 added")
+                     .arg(diff.differences.size() == 1
+                              ? QStringLiteral("1 difference")
+                              : QStringLiteral("%1 differences").arg(diff.differences.size()))
+                     .arg(counts[Tupsim::BlockDifference::Changed])
+                     .arg(counts[Tupsim::BlockDifference::Removed])
+                     .arg(counts[Tupsim::BlockDifference::Added]);
+    return lines;
+}
+
+QJsonDocument diffJson(const QString& pathA, const EepromImage& a, const QString& pathB,
+                       const EepromImage& b, const Tupsim::ImageDiff& diff) {
+    QJsonArray list;
+    for (const Tupsim::BlockDifference& d : diff.differences) {
+        QJsonObject object{{QStringLiteral("kind"), QLatin1String(differenceName(d.kind))},
+                           {QStringLiteral("id"), d.id}};
+        if (d.offsetA >= 0) {
+            object[QStringLiteral("offsetA")] = d.offsetA;
+            object[QStringLiteral("sizeA")] = d.sizeA;
+        }
+        if (d.offsetB >= 0) {
+            object[QStringLiteral("offsetB")] = d.offsetB;
+            object[QStringLiteral("sizeB")] = d.sizeB;
+        }
+        if (d.kind == Tupsim::BlockDifference::Changed) {
+            QJsonObject fields;
+            for (const Tupsim::HeaderChange& change : d.headerChanges)
+                fields[change.field] = QJsonArray{change.before, change.after};
+            object[QStringLiteral("headerChanges")] = fields;
+            object[QStringLiteral("bytesChanged")] = d.bytesChanged;
+        }
+        list.append(object);
+    }
+    QJsonObject document{{QStringLiteral("imageA"), pathA},
+                         {QStringLiteral("imageB"), pathB},
+                         {QStringLiteral("differences"), list},
+                         {QStringLiteral("freeSpaceDiffers"), diff.freeSpaceDiffers},
+                         {QStringLiteral("problemsA"), problemsJson(a.problems())},
+                         {QStringLiteral("problemsB"), problemsJson(b.problems())},
+                         {QStringLiteral("exitCode"), qMax(exitCodeOf(a), exitCodeOf(b))}};
+    return QJsonDocument(document);
+}
+
+QStringList importLines(const Tupsim::ImportPlan& plan) {
+    QStringList lines;
+    for (const Tupsim::ImportedBlock& block : plan.blocks) {
+        lines << importedLine(block);
+        for (const QString& complaint : block.complaints)
+            lines << QStringLiteral("  reader: ") + complaint;
+    }
+    for (const Tupsim::SkippedSection& section : plan.skipped)
+        lines << QStringLiteral("section %1 (line %2): %3, left as it was")
+                     .arg(section.name)
+                     .arg(section.line)
+                     .arg(section.reason);
+    return lines;
+}
+
+QJsonDocument importJson(const QString& path, const QString& calibrationPath,
+                         const Tupsim::ImportPlan& plan, int dataBlocks, const QString& written) {
+    QJsonArray blocks;
+    for (const Tupsim::ImportedBlock& block : plan.blocks)
+        blocks.append(QJsonObject{
+            {QStringLiteral("id"), block.id},
+            {QStringLiteral("offset"), block.offset},
+            {QStringLiteral("name"), block.name},
+            {QStringLiteral("outcome"), QLatin1String(outcomeName(block.outcome))},
+            {QStringLiteral("note"), block.note},
+            {QStringLiteral("complaints"), QJsonArray::fromStringList(block.complaints)}});
+    QJsonArray skipped;
+    for (const Tupsim::SkippedSection& section : plan.skipped)
+        skipped.append(QJsonObject{{QStringLiteral("name"), section.name},
+                                   {QStringLiteral("line"), section.line},
+                                   {QStringLiteral("reason"), section.reason}});
+    return QJsonDocument(QJsonObject{{QStringLiteral("image"), path},
+                                     {QStringLiteral("calibrationFile"), calibrationPath},
+                                     {QStringLiteral("dataBlocks"), dataBlocks},
+                                     {QStringLiteral("blocks"), blocks},
+                                     {QStringLiteral("skippedSections"), skipped},
+                                     {QStringLiteral("replaced"), plan.changedCount()},
+                                     {QStringLiteral("written"), written}});
+}
+
+} // namespace epromtool

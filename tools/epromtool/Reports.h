@@ -1,0 +1,48 @@
+// What epromtool prints: reports of images, differences and imports as text and as JSON, on
+// standard output, and complaints on standard error.
+#pragma once
+
+#include <EepromImage.h>
+#include <ImageDiff.h>
+#include <ImageImport.h>
+#include <QJsonDocument>
+#include <QStringList>
+
+namespace epromtool {
+
+void out(const QString& line);
+void out(const QStringList& lines);
+void out(const QJsonDocument& document);
+// "epromtool: " followed by the text, on standard error.
+void error(const QString& text);
+
+// 2 for a broken chain, else 1 when a check failed, else 0.
+int exitCodeOf(const Tupsim::EepromImage& image);
+// "PATH: 0x0010: ..." on standard error for each problem.
+void complain(const QString& path, const QVector<Tupsim::ImageProblem>& problems);
+
+// One row per block, then every problem, then a summary line.
+QStringList listing(const Tupsim::EepromImage& image);
+QJsonDocument listingJson(const QString& path, const Tupsim::EepromImage& image);
+// Only the problems, then one summary line.
+QStringList verification(const Tupsim::EepromImage& image);
+QJsonDocument verificationJson(const QString& path, const Tupsim::EepromImage& image);
+// "block 10000 at 0x0010: HwDatablock, 16 bytes, alignment 0, checksum 0x1234 ok".
+QString headline(const Tupsim::EepromImage& image, int index);
+// The chosen blocks, each with its bytes in hexadecimal.
+QJsonDocument showJson(const QString& path, const Tupsim::EepromImage& image,
+                       const QVector<int>& chosen);
+// Offset, then sixteen bytes in two groups of eight, per line.
+QStringList hexDump(const QByteArray& bytes);
+
+QStringList diffText(const Tupsim::EepromImage& a, const Tupsim::ImageDiff& diff);
+QJsonDocument diffJson(const QString& pathA, const Tupsim::EepromImage& a, const QString& pathB,
+                       const Tupsim::EepromImage& b, const Tupsim::ImageDiff& diff);
+
+// One line per block looked up, each followed by its reader's complaints, then one line per
+// section that is not read back.
+QStringList importLines(const Tupsim::ImportPlan& plan);
+QJsonDocument importJson(const QString& path, const QString& calibrationPath,
+                         const Tupsim::ImportPlan& plan, int dataBlocks, const QString& written);
+
+} // namespace epromtool
