@@ -121,6 +121,12 @@ BlockKindInfo describe(quint16 id) {
     return info;
 }
 
+BlockKind kindOf(quint16 id) {
+    if (const Entry* entry = catalogue().find(id))
+        return entry->info.kind;
+    return selfDescribing(id) ? BlockKind::SelfDescribing : BlockKind::Unknown;
+}
+
 std::vector<quint16> knownIds() {
     return catalogue().ids();
 }

@@ -8,6 +8,10 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <cstdlib>
+#ifdef __linux__
+#include <sys/mman.h>
+#endif
 
 namespace Tupsim {
 
@@ -47,11 +51,41 @@ EepromImage EepromImage::fromBytes(const QByteArray& bytes) {
     return result;
 }
 
+namespace {
+
+// The whole file in a buffer of its own. A large image is read into memory marked for huge
+// pages: faulting in 4 KiB pages one by one would cost more than reading the file.
+bool readWhole(QFile& file, qint64 size, QByteArray& content, std::shared_ptr<char>& storage) {
+    constexpr std::size_t kHugePage = 2 * 1024 * 1024;
+#ifdef __linux__
+    if (static_cast<std::size_t>(size) >= kHugePage) {
+        const std::size_t capacity =
+            (static_cast<std::size_t>(size) + 1 + kHugePage - 1) / kHugePage * kHugePage;
+        storage.reset(static_cast<char*>(std::aligned_alloc(kHugePage, capacity)), &std::free);
+        if (storage) {
+            madvise(storage.get(), capacity, MADV_HUGEPAGE);
+            // One byte more than the size said: a file that grew meanwhile is noticed.
+            const qint64 got = file.read(storage.get(), size + 1);
+            if (got < 0)
+                return false;
+            content = QByteArray::fromRawData(storage.get(), static_cast<int>(got));
+            return true;
+        }
+    }
+#endif
+    storage.reset();
+    content = file.read(size + 1);
+    return file.error() == QFileDevice::NoError;
+}
+
+} // namespace
+
 bool EepromImage::fromFile(const QString& path, EepromImage& result, QString& error) {
     const QFileInfo info(path);
     QString reason;
     QFile file(path);
     QByteArray content;
+    std::shared_ptr<char> storage;
     if (!info.exists())
         reason = QStringLiteral("No such file or directory");
     else if (info.isDir())
@@ -62,19 +96,17 @@ bool EepromImage::fromFile(const QString& path, EepromImage& result, QString& er
                      .arg(MaxFileSize);
     else if (!file.open(QIODevice::ReadOnly))
         reason = file.errorString();
-    else {
-        content = file.read(MaxFileSize + 1);
-        if (file.error() != QFileDevice::NoError)
-            reason = file.errorString();
-        else if (content.size() > MaxFileSize)
-            reason = QStringLiteral("too large for an EEPROM image (more than %1 bytes)")
-                         .arg(MaxFileSize);
-    }
+    else if (!readWhole(file, qMin<qint64>(info.size(), MaxFileSize), content, storage))
+        reason = file.errorString();
+    else if (content.size() > MaxFileSize || content.size() > info.size())
+        reason =
+            QStringLiteral("too large for an EEPROM image (more than %1 bytes)").arg(MaxFileSize);
     if (!reason.isEmpty()) {
         error = QStringLiteral("cannot read %1: %2").arg(path, reason);
         return false;
     }
     result = fromBytes(content);
+    result.storage = storage;
     return true;
 }
 
@@ -152,8 +184,8 @@ void EepromImage::check(ImageBlock& entry) const {
     entry.computedChecksum = static_cast<quint16>(-(sum - entry.storedChecksum));
     entry.checksumOk = sum == 0;
 
-    const BlockKindInfo kind = blockCatalogue::describe(entry.id);
-    if (kind.kind == BlockKind::SelfDescribing) {
+    const BlockKind kind = blockCatalogue::kindOf(entry.id);
+    if (kind == BlockKind::SelfDescribing) {
         entry.hasCrc = true;
         entry.storedCrc = bytes::getLE<quint32>(image, entry.offset + 8);
         entry.computedCrc = imagechecks::crc32Skipping4To11(block, size);
@@ -165,7 +197,7 @@ void EepromImage::check(ImageBlock& entry) const {
             entry.crcOk = entry.eventCounter =
                 entry.storedCrc == kEventCountMark + static_cast<quint32>(entry.size);
     }
-    if (kind.kind == BlockKind::CalibrationTable)
+    if (kind == BlockKind::CalibrationTable)
         entry.overCapacity = tableKinds::overCapacity(entry.id, at(image, entry.offset), size);
 }
 
@@ -208,6 +240,8 @@ int EepromImage::find(quint16 id, int from) const {
 QVector<ImageProblem> EepromImage::problems() const {
     QVector<ImageProblem> found;
     for (const ImageBlock& entry : blocks) {
+        if (entry.ok())
+            continue;
         const QString block = QStringLiteral("block %1: ").arg(entry.id);
         if (!entry.checksumOk)
             found.append(

@@ -54,6 +54,8 @@ namespace blockCatalogue {
 
 // Everything known about `id`; an unknown id gives kind Unknown and class "HwDatablock".
 EPROMDATABLOCK_EXPORT BlockKindInfo describe(quint16 id);
+// The kind alone, without building the names.
+EPROMDATABLOCK_EXPORT BlockKind kindOf(quint16 id);
 // Every id that has a class of its own below the self-describing range, ascending.
 EPROMDATABLOCK_EXPORT std::vector<quint16> knownIds();
 // "identification", "calibration table", ...

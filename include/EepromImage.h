@@ -105,6 +105,7 @@ private:
     void check(ImageBlock& entry) const;
 
     QByteArray image;
+    std::shared_ptr<char> storage; // the buffer `image` was read into, where it has one
     QVector<ImageBlock> blocks;
     QVector<ImageProblem> broken;
     int used = 0;

@@ -14,7 +14,7 @@ execute_process(COMMAND ${CMAKE_COMMAND} --build ${WORK_DIR}/build RESULT_VARIAB
 if(rc)
     message(FATAL_ERROR "build failed: ${rc}")
 endif()
-execute_process(COMMAND ${WORK_DIR}/build/consumer RESULT_VARIABLE rc OUTPUT_VARIABLE out)
+execute_process(COMMAND ${WORK_DIR}/build/consumer ${SAMPLE_IMAGE} RESULT_VARIABLE rc OUTPUT_VARIABLE out)
 if(rc OR NOT out MATCHES "consumer: ok")
     message(FATAL_ERROR "consumer run failed: ${rc} ${out}")
 endif()

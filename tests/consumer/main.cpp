@@ -1,14 +1,30 @@
-// Consumer check: builds a block through the installed headers and verifies it.
+// Consumer check: builds a block through the installed headers and verifies it, then opens the
+// demonstration image through the installed image layer.
 #include <EpromDatablock.h>
 
 #include <cstdio>
 
-int main() {
+int main(int argc, char** argv) {
     Tupsim::HwDatablock block(false);
     block.setBlockId(4711);
     if (block.getId() != 4711 || block.getBlockSize() != 8 || !block.verifyChecksum()) {
         std::puts("consumer: unexpected block state");
         return 1;
+    }
+    if (argc > 1) {
+        Tupsim::EepromImage image;
+        QString error;
+        if (!Tupsim::EepromImage::fromFile(QString::fromLocal8Bit(argv[1]), image, error)) {
+            std::printf("consumer: %s\n", qPrintable(error));
+            return 1;
+        }
+        const int last = image.blockCount() - 1;
+        if (image.dataBlockCount() != 13 || !image.ok() || image.name(0) != "IDENT_2" ||
+            image.name(5) != "RFBO_ALC_DATA" || image.name(12) != "USER_20010" ||
+            !image.block(12).hasCrc || !image.block(12).crcOk || !image.block(last).isEnd) {
+            std::puts("consumer: unexpected image");
+            return 1;
+        }
     }
     std::puts("consumer: ok");
     return 0;

@@ -45,8 +45,9 @@ bool stopOnBrokenChain(const QString& path, const EepromImage& image, const QStr
 }
 
 // A command that reads IMAGE and prints one report of it, as text or with --json as JSON.
+template <typename Text>
 int runReport(const QStringList& arguments, const QString& command, const QString& description,
-              QStringList (*text)(const EepromImage&),
+              Text (*text)(const EepromImage&),
               QJsonDocument (*json)(const QString&, const EepromImage&)) {
     CommandLine line(command, description);
     line.addArgument(kImageArgument, kImageHelp);

@@ -3,7 +3,11 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
+#include <algorithm>
+#include <charconv>
 #include <iostream>
+#include <string_view>
+#include <vector>
 
 using Tupsim::EepromImage;
 using Tupsim::hex16;
@@ -30,13 +34,6 @@ QString verdict(bool present, bool ok) {
     if (!present)
         return QStringLiteral("-");
     return ok ? QStringLiteral("ok") : QStringLiteral("BAD");
-}
-
-QString tableRow(const QString& offset, const QString& id, const QString& name, int nameWidth,
-                 const QString& size, const QString& checksum, const QString& crc) {
-    return QStringLiteral("%1  %2  %3  %4  %5  %6")
-        .arg(offset.leftJustified(6), id.rightJustified(5), name.leftJustified(nameWidth),
-             size.rightJustified(5), checksum.leftJustified(8), crc);
 }
 
 QJsonArray problemsJson(const QVector<Tupsim::ImageProblem>& problems) {
@@ -167,6 +164,11 @@ void out(const QStringList& lines) {
     std::cout.flush();
 }
 
+void out(const std::string& text) {
+    std::cout << text;
+    std::cout.flush();
+}
+
 void out(const QJsonDocument& document) {
     std::cout << document.toJson(QJsonDocument::Indented).toStdString();
     std::cout.flush();
@@ -187,36 +189,82 @@ void complain(const QString& path, const QVector<Tupsim::ImageProblem>& problems
         error(QStringLiteral("%1: %2").arg(path, problemLine(problem)));
 }
 
-QStringList listing(const EepromImage& image) {
-    QStringList names;
-    int nameWidth = 4;
+std::string listing(const EepromImage& image) {
+    // 19 000 rows for a 16 MiB image: written field by field straight into one text.
+    std::vector<std::string> names;
+    names.reserve(static_cast<std::size_t>(image.blockCount()));
+    std::size_t nameWidth = 4;
     for (int i = 0; i < image.blockCount(); ++i) {
-        names << image.name(i);
-        nameWidth = qMax(nameWidth, names.last().size());
+        names.push_back(image.kindOf(i).name());
+        nameWidth = std::max(nameWidth, names.back().size());
     }
-    QStringList lines;
-    lines.reserve(image.blockCount() + 3);
-    lines << tableRow(QStringLiteral("Offset"), QStringLiteral("Id"), QStringLiteral("Name"),
-                      nameWidth, QStringLiteral("Size"), QStringLiteral("Checksum"),
-                      QStringLiteral("CRC-32"));
+    std::string text;
+    text.reserve(static_cast<std::size_t>(image.blockCount() + 3) * (nameWidth + 48));
+    const auto left = [&text](std::string_view field, std::size_t width) {
+        text += field;
+        if (field.size() < width)
+            text.append(width - field.size(), ' ');
+    };
+    const auto right = [&text](std::string_view field, std::size_t width) {
+        if (field.size() < width)
+            text.append(width - field.size(), ' ');
+        text += field;
+    };
+    const auto row = [&](std::string_view offset, std::string_view id, std::string_view name,
+                         std::string_view size, std::string_view checksum, std::string_view crc) {
+        left(offset, 6);
+        text += "  ";
+        right(id, 5);
+        text += "  ";
+        left(name, nameWidth);
+        text += "  ";
+        right(size, 5);
+        text += "  ";
+        left(checksum, 8);
+        text += "  ";
+        text += crc;
+        text += '\n';
+    };
+    const auto number = [](char* buffer, unsigned value, int base) {
+        return std::string_view(
+            buffer,
+            static_cast<std::size_t>(std::to_chars(buffer, buffer + 16, value, base).ptr - buffer));
+    };
+    const auto verdictText = [](bool present, bool ok) {
+        return !present ? "-" : ok ? "ok" : "BAD";
+    };
+    row("Offset", "Id", "Name", "Size", "Checksum", "CRC-32");
     for (int i = 0; i < image.blockCount(); ++i) {
         const ImageBlock& b = image.block(i);
-        lines << tableRow(offsetText(b.offset), QString::number(b.id), names[i], nameWidth,
-                          QString::number(b.size), verdict(b.hasChecksum, b.checksumOk),
-                          verdict(b.hasCrc, b.crcOk));
+        char hex[24] = "0x";
+        char digits[16];
+        const std::string_view offsetDigits = number(digits, static_cast<unsigned>(b.offset), 16);
+        std::size_t at = 2;
+        for (std::size_t pad = offsetDigits.size(); pad < 4; ++pad)
+            hex[at++] = '0';
+        offsetDigits.copy(hex + at, offsetDigits.size());
+        const std::string_view offset(hex, at + offsetDigits.size());
+        char idDigits[16];
+        char sizeDigits[16];
+        row(offset, number(idDigits, b.id, 10), names[static_cast<std::size_t>(i)],
+            number(sizeDigits, static_cast<unsigned>(b.size), 10),
+            verdictText(b.hasChecksum, b.checksumOk), verdictText(b.hasCrc, b.crcOk));
     }
+    QStringList tail;
     for (const Tupsim::ImageProblem& problem : image.problems())
-        lines << problemLine(problem);
+        tail << problemLine(problem);
     const QString blocks = blocksText(image.dataBlockCount());
     if (image.chainBroken())
-        lines << QStringLiteral("%1 read, chain broken at %2")
-                     .arg(blocks, offsetText(image.chainProblems().first().offset));
+        tail << QStringLiteral("%1 read, chain broken at %2")
+                    .arg(blocks, offsetText(image.chainProblems().first().offset));
     else
-        lines << QStringLiteral("%1, end block at %2, %3 bytes used, %4 bytes free")
-                     .arg(blocks, offsetText(image.endOffset()))
-                     .arg(image.bytesUsed())
-                     .arg(image.bytesFree());
-    return lines;
+        tail << QStringLiteral("%1, end block at %2, %3 bytes used, %4 bytes free")
+                    .arg(blocks, offsetText(image.endOffset()))
+                    .arg(image.bytesUsed())
+                    .arg(image.bytesFree());
+    for (const QString& line : tail)
+        text += line.toStdString() + '\n';
+    return text;
 }
 
 QJsonDocument listingJson(const QString& path, const EepromImage& image) {

@@ -7,11 +7,13 @@
 #include <ImageImport.h>
 #include <QJsonDocument>
 #include <QStringList>
+#include <string>
 
 namespace epromtool {
 
 void out(const QString& line);
 void out(const QStringList& lines);
+void out(const std::string& text);
 void out(const QJsonDocument& document);
 // "epromtool: " followed by the text, on standard error.
 void error(const QString& text);
@@ -22,7 +24,7 @@ int exitCodeOf(const Tupsim::EepromImage& image);
 void complain(const QString& path, const QVector<Tupsim::ImageProblem>& problems);
 
 // One row per block, then every problem, then a summary line.
-QStringList listing(const Tupsim::EepromImage& image);
+std::string listing(const Tupsim::EepromImage& image);
 QJsonDocument listingJson(const QString& path, const Tupsim::EepromImage& image);
 // Only the problems, then one summary line.
 QStringList verification(const Tupsim::EepromImage& image);
