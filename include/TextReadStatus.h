@@ -30,7 +30,8 @@ struct EPROMDATABLOCK_EXPORT TextReadStatus {
     // section, "COUNT:", "*" (between the counts) or ":" (in front of a row).
     std::string key;
     // 1-based line of the text where the read went wrong; for a key not found, the line where
-    // the search ended (the last line of the text). 0 when not tied to a line.
+    // the search ended (the last line of the text). 0 when not tied to a line or the text is
+    // empty.
     long long line = 0;
     // Failures only: what went wrong, in words, e.g. "row count 5 above the capacity 4".
     std::string detail;

@@ -33,6 +33,8 @@ long long lineAt(std::istream& in, std::streamoff pos) {
     in.clear();
     in.seekg(0, std::ios::end);
     const std::streamoff end = in.tellg();
+    if (end <= 0)
+        return 0; // no text, no line
     if (pos < 0 || pos >= end)
         pos = end - 1; // the last character, which may be the newline that closes the last line
     in.seekg(0);

@@ -371,6 +371,7 @@ TEST(TokenFormReadSection, ReportsWhatSearchasciiEndsTheProcessFor) {
     using S = TextReadStatus;
     // Keys not found: the line is where the search ended, the last line of the text.
     expectFailure("COUNT: 1*1\n1: 5\n", S::MissingKey, "ID:", 2, "line 2: can not find 'ID:'");
+    expectFailure("", S::MissingKey, "ID:", 0, "can not find 'ID:'");
     // The name is demanded whether or not the block stops conversions on errors.
     expectFailure("ID: RFBO_ALC_FREQ\nCOUNT: 1*1\n1: 5", S::MissingKey, "RFBO_ALC_DATA", 3,
                   "line 3: can not find 'RFBO_ALC_DATA'");
