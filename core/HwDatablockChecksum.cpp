@@ -6,6 +6,7 @@
 #include "HwError.h"
 #include "IDebugServer.h"
 #include "core/Checks.h"
+#include "core/ConversionScope.h"
 #include "core/HwBytes.h"
 
 #include <algorithm>
@@ -39,7 +40,8 @@ public:
         : block(block), image(image), format(format) {
         original = block.getDataFormatTyp();
         id = static_cast<unsigned short>(block.getId());
-        if (original == HwDataFormatReference)
+        // An image mid-conversion is taken as it stands: the rule converting it is running.
+        if (original == HwDataFormatReference || conversion::inProgress(block))
             return;
         copy.emplace(block);
         block.swapDataTo(HwDataFormatReference, id, &*copy);
