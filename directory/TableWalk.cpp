@@ -30,6 +30,11 @@ bool isHostOrderWord(TableWalk::State state) {
 TableWalk::TableWalk(const unsigned char* bytes, std::uint64_t length, std::uint64_t padUnit)
     : p(bytes), length(bytes == nullptr ? 0 : length), padUnit(padUnit) {}
 
+void TableWalk::visitElements(ElementVisitor elementVisitor, void* context) {
+    visitor = elementVisitor;
+    visitorContext = context;
+}
+
 void TableWalk::walkImage(bool list) {
     listFormat = list;
     run(0, Id);
@@ -52,6 +57,7 @@ void TableWalk::run(std::uint64_t start, State first) {
 }
 
 void TableWalk::beginField(std::uint64_t width) {
+    fieldStart = pos;
     fieldWidth = width;
     fieldEnd = pos + width - 1;
     gathered = 0;
@@ -59,6 +65,7 @@ void TableWalk::beginField(std::uint64_t width) {
 }
 
 void TableWalk::beginOpenField() {
+    fieldStart = pos;
     fieldWidth = 0;
     fieldEnd = UINT64_MAX;
     field.clear();
@@ -288,10 +295,17 @@ void TableWalk::columnTypesDone() {
     enter(PadAfterColumnTypes);
 }
 
+void TableWalk::elementDone(quint32 type) {
+    visitor(visitorContext, fieldStart, pos - fieldStart, type);
+}
+
 void TableWalk::identifierByte(unsigned char byte, bool last) {
-    (rowIdsNow ? current().rowIds : current().colIds).append(static_cast<char>(byte));
+    if (visitor == nullptr)
+        (rowIdsNow ? current().rowIds : current().colIds).append(static_cast<char>(byte));
     if (!last)
         return;
+    if (visitor != nullptr)
+        elementDone(rowIdsNow ? current().rowIdType : current().colIdType);
     if (--idsLeft > 0 && beginIdentifier())
         return;
     enter(rowIdsNow ? PadAfterRowIds : PadAfterColumnIds);
@@ -299,14 +313,19 @@ void TableWalk::identifierByte(unsigned char byte, bool last) {
 
 void TableWalk::valueByte(unsigned char byte, bool last) {
     const bool text = fieldEnd == UINT64_MAX;
-    if (!(text && last))
+    if (visitor == nullptr && !(text && last))
         field.append(static_cast<char>(byte)); // a STRING is kept without its zero
     if (!last)
         return;
-    if (static_cast<std::uint64_t>(field.size()) + (text ? 1 : 0) > layout::MaxValueSize)
-        field.clear(); // too long to keep; the row keeps its place
     HwSBlockDescription& table = current();
-    table.values[sizedColumns[sizedIndex]].push_back(field);
+    const quint32 column = sizedColumns[sizedIndex];
+    if (visitor != nullptr) {
+        elementDone(column < table.colTypes.size() ? table.colTypes[column] : quint32(NONE));
+    } else {
+        if (static_cast<std::uint64_t>(field.size()) + (text ? 1 : 0) > layout::MaxValueSize)
+            field.clear(); // too long to keep; the row keeps its place
+        table.values[column].push_back(field);
+    }
     if (++sizedIndex == sizedColumns.size()) {
         sizedIndex = 0;
         ++row;
