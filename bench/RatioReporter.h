@@ -68,7 +68,7 @@ private:
         const double ratio = rate->second.value / base->second;
         run.counters["ratio"] = benchmark::Counter(ratio);
         char row[160];
-        std::snprintf(row, sizeof row, "%-10s %-12s %-10s %8s %10.2f %8.2f", concern.c_str(),
+        std::snprintf(row, sizeof row, "%-10s %-12s %-10s %8s %10.3g %8.3g", concern.c_str(),
                       impl.c_str(), reference->second.c_str(), size.c_str(),
                       rate->second.value / 1e9, ratio);
         rows.emplace_back(row);

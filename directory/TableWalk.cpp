@@ -52,8 +52,32 @@ void TableWalk::run(std::uint64_t start, State first) {
         return;
     pos = start;
     enter(first);
-    while (pos < length)
+    while (pos < length) {
+        if (visitor != nullptr && skipsToFieldEnd()) {
+            if (fieldEnd >= length)
+                break; // the field is cut by the image end: nothing more is complete
+            pos = fieldEnd;
+        }
         step(p[pos++]);
+    }
+}
+
+// When visiting, the bytes inside an element or a padding run are not looked at: only the last
+// byte of the field moves the walk on.
+bool TableWalk::skipsToFieldEnd() const {
+    if (fieldEnd == UINT64_MAX)
+        return false; // a STRING ends at its zero
+    switch (state) {
+    case RowIds:
+    case ColumnIds:
+    case Values:
+    case PadAfterColumnTypes:
+    case PadAfterRowIds:
+    case PadAfterColumnIds:
+        return true;
+    default:
+        return false;
+    }
 }
 
 void TableWalk::beginField(std::uint64_t width) {
@@ -127,8 +151,11 @@ void TableWalk::enter(State next) {
             row = 0;
             sizedIndex = 0;
             if (table.rowCount > 0 && !sizedColumns.empty()) {
-                beginValue();
-                return;
+                const Sweep sweep = visitor != nullptr ? sweepFixedRows() : Sweep::Bytewise;
+                if (sweep == Sweep::Bytewise)
+                    beginValue();
+                if (sweep != Sweep::Complete)
+                    return;
             }
             ++blockIndex; // a table without value bytes is complete here
             tables.emplace_back();
@@ -152,6 +179,31 @@ bool TableWalk::beginIdentifier() {
         beginField(layout::elementWidth(type));
     }
     return true;
+}
+
+// Visits every row of a table whose valued columns all have a fixed width in one sweep, without
+// stepping through their bytes. A STRING column leaves the rows to the byte-wise walk.
+TableWalk::Sweep TableWalk::sweepFixedRows() {
+    const HwSBlockDescription& table = current();
+    sizedTypes.clear();
+    for (const quint32 column : sizedColumns) {
+        const quint32 type =
+            column < table.colTypes.size() ? table.colTypes[column] : quint32(NONE);
+        if (type == STRING)
+            return Sweep::Bytewise;
+        sizedTypes.push_back(type);
+    }
+    for (; row < table.rowCount; ++row)
+        for (const quint32 type : sizedTypes) {
+            const std::uint64_t width = layout::elementWidth(type);
+            if (!(pos <= length && width <= length - pos)) {
+                pos = length; // cut by the image end: nothing more is complete
+                return Sweep::Cut;
+            }
+            visitor(visitorContext, pos, width, type);
+            pos += width;
+        }
+    return Sweep::Complete;
 }
 
 void TableWalk::beginValue() {

@@ -73,6 +73,9 @@ private:
     void beginOpenField();
     bool beginIdentifier();
     void beginValue();
+    enum class Sweep { Bytewise, Cut, Complete };
+    Sweep sweepFixedRows();
+    bool skipsToFieldEnd() const;
     void step(unsigned char byte);
     void gather(unsigned char byte);
     void numberDone();
@@ -98,6 +101,7 @@ private:
     bool rowIdsNow = true;             // the identifiers being read are the row identifiers
     std::uint64_t idsLeft = 0;         // identifiers still to read
     std::vector<quint32> sizedColumns; // columns whose values take bytes
+    std::vector<quint32> sizedTypes;   // their types, for a sweep
     std::uint64_t row = 0;
     std::size_t sizedIndex = 0;
     QByteArray field;
