@@ -50,8 +50,14 @@ examples: build
 goldens: examples
 	EPROM_UPDATE_GOLDENS=1 $(BUILD)/tests/test_tool --gtest_brief=1
 
+# Runs every benchmark program, then prints the ratios of all of them in one table (one run each:
+# the machines are noisy, so read the ratios, not the absolute rates).
 bench: build
-	@for b in $(BUILD)/bench/bench_*; do [ -x $$b ] && $$b; done
+	@summary=$$(mktemp); \
+	for b in $(BUILD)/bench/bench_*; do [ -x $$b ] && EPROM_BENCH_SUMMARY=$$summary $$b; done; \
+	echo; echo "== speed relative to the reference, all programs"; \
+	printf "%-10s %-12s %-10s %8s %10s %8s\n" concern kernel reference bytes GB/s ratio; \
+	cat $$summary; rm -f $$summary
 
 format:
 	clang-format -i $$(git ls-files '*.h' '*.cpp')

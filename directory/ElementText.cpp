@@ -2,6 +2,7 @@
 #include "directory/ElementText.h"
 
 #include "ETypeId.h"
+#include "core/ElementTypes.h"
 #include "core/HwBytes.h"
 
 #include <algorithm>
@@ -31,20 +32,10 @@ std::int64_t fixedRaw(const unsigned char* p, std::size_t width, std::size_t nat
     return n == 1 ? static_cast<signed char>(p[0]) : 0;
 }
 
+// Decimals of a fixed-point type; 4 for any other code.
 int decimalsOf(unsigned int type) {
-    switch (type) {
-    case FIX16D1:
-    case FIX32D1:
-        return 1;
-    case FIX16D2:
-    case FIX32D2:
-        return 2;
-    case FIX16D3:
-    case FIX32D3:
-        return 3;
-    default:
-        return 4;
-    }
+    const int decimals = elements::of(type).decimals;
+    return decimals > 0 ? decimals : 4;
 }
 
 bool writeLongDouble(std::ostream& out, const unsigned char* p, std::size_t width) {

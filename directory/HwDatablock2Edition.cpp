@@ -1,6 +1,7 @@
 // The self-describing block: header fields for both layouts, element types and checksums.
 #include "HwDatablock2Edition.h"
 
+#include "core/ElementTypes.h"
 #include "core/HwBytes.h"
 #include "directory/ElementText.h"
 #include "directory/SelfDescribingLayout.h"
@@ -9,24 +10,6 @@
 #include <cstring>
 
 namespace Tupsim {
-
-namespace {
-
-struct TypeInfo {
-    const char* name;
-    unsigned char size;
-};
-
-// Codes 16 and 17 print as "INT16" although they hold 32-bit fixed-point values.
-const TypeInfo typeTable[26] = {{"NONE", 0},    {"UINT8", 1},   {"INT8", 1},    {"UINT16", 2},
-                                {"INT16", 2},   {"UINT32", 4},  {"INT32", 4},   {"UINT64", 8},
-                                {"INT64", 8},   {"FLOAT", 4},   {"DOUBLE", 8},  {"LONG DOUBLE", 10},
-                                {"FIX16D1", 2}, {"FIX16D2", 2}, {"FIX16D3", 2}, {"FIX16D4", 2},
-                                {"INT16", 4},   {"INT16", 4},   {"FIX32D3", 4}, {"FIX32D4", 4},
-                                {"CHAR", 1},    {"CHAR5", 5},   {"CHAR10", 10}, {"CHAR15", 15},
-                                {"CHAR20", 20}, {"STRING", 0}};
-
-} // namespace
 
 HwDatablock2Edition::HwDatablock2Edition() : HwDatablock(true) {
     image().fill('\0', 12);
@@ -140,11 +123,11 @@ unsigned char HwDatablock2Edition::getSizeOfColumnIdType() {
 }
 
 unsigned char HwDatablock2Edition::size_in_byte(ETypeId type) {
-    return type < 26 ? typeTable[type].size : 0;
+    return elements::of(type).printSize;
 }
 
 const char* HwDatablock2Edition::getTypeString(ETypeId type) {
-    return typeTable[type < 26 ? type : 0].name;
+    return elements::of(type).name;
 }
 
 bool HwDatablock2Edition::setChecksum32(unsigned int value) {

@@ -1,14 +1,8 @@
-// Element widths of self-describing images.
+// Identifier runs of self-describing images.
 #include "directory/SelfDescribingLayout.h"
 
 namespace Tupsim {
 namespace layout {
-
-unsigned int elementWidth(unsigned int type) {
-    static const unsigned char widths[26] = {0, 1, 1, 2, 2, 4, 4, 8, 8, 4,  8,  10, 2,
-                                             2, 2, 2, 2, 2, 4, 4, 1, 5, 10, 15, 20, 1};
-    return type < 26 ? widths[type] : 0;
-}
 
 QList<QByteArray> identifiers(const QByteArray& ids, unsigned int type, std::uint64_t count) {
     QList<QByteArray> out;

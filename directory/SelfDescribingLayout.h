@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ETypeId.h"
+#include "core/ElementTypes.h"
 
 #include <QByteArray>
 #include <QList>
@@ -18,13 +19,15 @@ constexpr std::uint64_t PadUnit = 4;
 // Longer values are not kept by the walk.
 constexpr std::uint64_t MaxValueSize = 29;
 
-// Bytes one element takes in the image; 0 for NONE and unknown codes. Codes 16 and 17 take two
-// bytes; a STRING counts 1 here but runs up to and including its terminating zero.
-unsigned int elementWidth(unsigned int type);
+// Bytes one element takes in the walk of the image (the element-type table's walk width); 0 for
+// NONE and unknown codes. A STRING counts 1 here but runs up to and including its zero.
+inline unsigned int elementWidth(unsigned int type) {
+    return elements::of(type).walkWidth;
+}
 
 // True when elements of `type` occupy bytes in the image.
 inline bool takesBytes(unsigned int type) {
-    return type == STRING || elementWidth(type) > 0;
+    return elements::takesBytes(type);
 }
 
 // Bytes from `pos` to the next multiple of `unit`, counted from the image start.

@@ -30,6 +30,11 @@ bool isHostOrderWord(TableWalk::State state) {
 TableWalk::TableWalk(const unsigned char* bytes, std::uint64_t length, std::uint64_t padUnit)
     : p(bytes), length(bytes == nullptr ? 0 : length), padUnit(padUnit) {}
 
+void TableWalk::visitElements(ElementVisitor elementVisitor, void* context) {
+    visitor = elementVisitor;
+    visitorContext = context;
+}
+
 void TableWalk::walkImage(bool list) {
     listFormat = list;
     run(0, Id);
@@ -47,11 +52,36 @@ void TableWalk::run(std::uint64_t start, State first) {
         return;
     pos = start;
     enter(first);
-    while (pos < length)
+    while (pos < length) {
+        if (visitor != nullptr && skipsToFieldEnd()) {
+            if (fieldEnd >= length)
+                break; // the field is cut by the image end: nothing more is complete
+            pos = fieldEnd;
+        }
         step(p[pos++]);
+    }
+}
+
+// When visiting, the bytes inside an element or a padding run are not looked at: only the last
+// byte of the field moves the walk on.
+bool TableWalk::skipsToFieldEnd() const {
+    if (fieldEnd == UINT64_MAX)
+        return false; // a STRING ends at its zero
+    switch (state) {
+    case RowIds:
+    case ColumnIds:
+    case Values:
+    case PadAfterColumnTypes:
+    case PadAfterRowIds:
+    case PadAfterColumnIds:
+        return true;
+    default:
+        return false;
+    }
 }
 
 void TableWalk::beginField(std::uint64_t width) {
+    fieldStart = pos;
     fieldWidth = width;
     fieldEnd = pos + width - 1;
     gathered = 0;
@@ -59,6 +89,7 @@ void TableWalk::beginField(std::uint64_t width) {
 }
 
 void TableWalk::beginOpenField() {
+    fieldStart = pos;
     fieldWidth = 0;
     fieldEnd = UINT64_MAX;
     field.clear();
@@ -120,8 +151,11 @@ void TableWalk::enter(State next) {
             row = 0;
             sizedIndex = 0;
             if (table.rowCount > 0 && !sizedColumns.empty()) {
-                beginValue();
-                return;
+                const Sweep sweep = visitor != nullptr ? sweepFixedRows() : Sweep::Bytewise;
+                if (sweep == Sweep::Bytewise)
+                    beginValue();
+                if (sweep != Sweep::Complete)
+                    return;
             }
             ++blockIndex; // a table without value bytes is complete here
             tables.emplace_back();
@@ -145,6 +179,31 @@ bool TableWalk::beginIdentifier() {
         beginField(layout::elementWidth(type));
     }
     return true;
+}
+
+// Visits every row of a table whose valued columns all have a fixed width in one sweep, without
+// stepping through their bytes. A STRING column leaves the rows to the byte-wise walk.
+TableWalk::Sweep TableWalk::sweepFixedRows() {
+    const HwSBlockDescription& table = current();
+    sizedTypes.clear();
+    for (const quint32 column : sizedColumns) {
+        const quint32 type =
+            column < table.colTypes.size() ? table.colTypes[column] : quint32(NONE);
+        if (type == STRING)
+            return Sweep::Bytewise;
+        sizedTypes.push_back(type);
+    }
+    for (; row < table.rowCount; ++row)
+        for (const quint32 type : sizedTypes) {
+            const std::uint64_t width = layout::elementWidth(type);
+            if (!(pos <= length && width <= length - pos)) {
+                pos = length; // cut by the image end: nothing more is complete
+                return Sweep::Cut;
+            }
+            visitor(visitorContext, pos, width, type);
+            pos += width;
+        }
+    return Sweep::Complete;
 }
 
 void TableWalk::beginValue() {
@@ -288,10 +347,17 @@ void TableWalk::columnTypesDone() {
     enter(PadAfterColumnTypes);
 }
 
+void TableWalk::elementDone(quint32 type) {
+    visitor(visitorContext, fieldStart, pos - fieldStart, type);
+}
+
 void TableWalk::identifierByte(unsigned char byte, bool last) {
-    (rowIdsNow ? current().rowIds : current().colIds).append(static_cast<char>(byte));
+    if (visitor == nullptr)
+        (rowIdsNow ? current().rowIds : current().colIds).append(static_cast<char>(byte));
     if (!last)
         return;
+    if (visitor != nullptr)
+        elementDone(rowIdsNow ? current().rowIdType : current().colIdType);
     if (--idsLeft > 0 && beginIdentifier())
         return;
     enter(rowIdsNow ? PadAfterRowIds : PadAfterColumnIds);
@@ -299,14 +365,19 @@ void TableWalk::identifierByte(unsigned char byte, bool last) {
 
 void TableWalk::valueByte(unsigned char byte, bool last) {
     const bool text = fieldEnd == UINT64_MAX;
-    if (!(text && last))
+    if (visitor == nullptr && !(text && last))
         field.append(static_cast<char>(byte)); // a STRING is kept without its zero
     if (!last)
         return;
-    if (static_cast<std::uint64_t>(field.size()) + (text ? 1 : 0) > layout::MaxValueSize)
-        field.clear(); // too long to keep; the row keeps its place
     HwSBlockDescription& table = current();
-    table.values[sizedColumns[sizedIndex]].push_back(field);
+    const quint32 column = sizedColumns[sizedIndex];
+    if (visitor != nullptr) {
+        elementDone(column < table.colTypes.size() ? table.colTypes[column] : quint32(NONE));
+    } else {
+        if (static_cast<std::uint64_t>(field.size()) + (text ? 1 : 0) > layout::MaxValueSize)
+            field.clear(); // too long to keep; the row keeps its place
+        table.values[column].push_back(field);
+    }
     if (++sizedIndex == sizedColumns.size()) {
         sizedIndex = 0;
         ++row;

@@ -44,7 +44,16 @@ public:
         Values = 17
     };
 
+    // Called with each complete element, identifiers and values alike: its offset in the image,
+    // its width in bytes (a STRING's with its zero) and its type code.
+    using ElementVisitor = void (*)(void* context, std::uint64_t offset, std::uint64_t width,
+                                    quint32 type);
+
     TableWalk(const unsigned char* bytes, std::uint64_t length, std::uint64_t padUnit);
+
+    // Hands every complete element to `visitor` instead of recording it; the tables then keep
+    // their shape and types only. Bytes before the walk's position may change meanwhile.
+    void visitElements(ElementVisitor visitor, void* context);
 
     // Walks the whole image from the block id on. In list format the image after the alignment
     // word is a list of 4-byte entries of one UINT32 column.
@@ -64,11 +73,15 @@ private:
     void beginOpenField();
     bool beginIdentifier();
     void beginValue();
+    enum class Sweep { Bytewise, Cut, Complete };
+    Sweep sweepFixedRows();
+    bool skipsToFieldEnd() const;
     void step(unsigned char byte);
     void gather(unsigned char byte);
     void numberDone();
     void identifierByte(unsigned char byte, bool last);
     void valueByte(unsigned char byte, bool last);
+    void elementDone(quint32 type);
     void columnTypesDone();
     HwSBlockDescription& current() { return tables.back(); }
 
@@ -77,6 +90,9 @@ private:
     std::uint64_t padUnit;
     std::uint64_t pos = 0; // index of the next byte
     std::uint64_t fieldEnd = 1;
+    std::uint64_t fieldStart = 0;
+    ElementVisitor visitor = nullptr;
+    void* visitorContext = nullptr;
     State state = Id;
     bool listFormat = false;
     quint64 gathered = 0;
@@ -85,6 +101,7 @@ private:
     bool rowIdsNow = true;             // the identifiers being read are the row identifiers
     std::uint64_t idsLeft = 0;         // identifiers still to read
     std::vector<quint32> sizedColumns; // columns whose values take bytes
+    std::vector<quint32> sizedTypes;   // their types, for a sweep
     std::uint64_t row = 0;
     std::size_t sizedIndex = 0;
     QByteArray field;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "HwDatablock.h"
+#include "core/ConversionScope.h"
 #include "core/HwBytes.h"
 
 #include <QByteArray>
@@ -77,18 +78,16 @@ std::string fieldText(const QByteArray& image, int offset, int width);
 bool storeText(QByteArray& image, int offset, int width, const char* text, int textLength);
 
 // Runs a block's record-taking swap over its own image. The record is copied out with zero
-// padding, so any image length is safe; the block is labelled reference form meanwhile so that
-// the checksum refreshes inside the setters do not call back into the per-id conversion.
+// padding, so any image length is safe; the block is marked as mid-conversion meanwhile, so the
+// checksum refreshes inside the setters do not call back into the per-id conversion.
 template <typename Record, typename Block> void swapOwnImage(Block& block) {
     Record record{};
     const QByteArray current = block.getByteArrayData();
     bytes::copyOut(
         current, 0, &record,
         std::min<std::uint64_t>(sizeof record, static_cast<std::uint64_t>(current.size())));
-    const HwEDataFormatTyp format = block.getDataFormatTyp();
-    block.setDataFormatTyp(HwDataFormatReference);
+    const conversion::Scope converting(block);
     block.swapBlock(&record);
-    block.setDataFormatTyp(format);
 }
 
 // The image as a record pointer, or nullptr when the image is shorter than the record.

@@ -1,0 +1,172 @@
+// Checks of converted blocks: the same results, reports and end state as converting the block to
+// the reference form, checking it and converting it back, step by step.
+#include "SampleImages.h"
+#include "support/Recorders.h"
+
+#include <HwCalibTableBlocks.h>
+#include <HwDatablockIdent.h>
+
+#include <cstdarg>
+#include <functional>
+#include <gtest/gtest.h>
+
+using namespace Tupsim;
+using namespace Tupsim::test;
+
+namespace {
+
+struct Outcome {
+    int result = 0;
+    std::string image;
+    int format = 0;
+    int classType = 0;
+    std::vector<std::string> lines;
+    QStringList history;
+};
+
+unsigned short sumOf(const QByteArray& image, unsigned int size) {
+    unsigned short sum = 0;
+    for (unsigned int i = 0; i + 1 < size; i += 2)
+        sum = static_cast<unsigned short>(sum + (static_cast<unsigned char>(image[i]) |
+                                                 static_cast<unsigned char>(image[i + 1]) << 8));
+    return sum;
+}
+
+// Runs `step` on `block` and returns what it reported and how it left the block.
+Outcome observe(HwDatablock& block, const std::function<int()>& step) {
+    ServiceRecorders services;
+    Outcome out;
+    out.result = step();
+    out.image = hex(block.getByteArrayData());
+    out.format = block.getDataFormatTyp();
+    out.classType = block.getDatablockClassTyp();
+    for (const DebugLine& line : services.debug.lines)
+        out.lines.push_back(line.text.toStdString());
+    out.history = services.debug.history;
+    return out;
+}
+
+void report(const char* format, ...) {
+    va_list args;
+    va_start(args, format);
+    debugServer()->logHistory(nullptr, 0, format, args);
+    va_end(args);
+}
+
+// A size field beyond the image is reported and the image length used.
+unsigned int usedSize(HwDatablock& b) {
+    const unsigned int size = b.getBlockSize();
+    const unsigned int length = static_cast<unsigned int>(b.getByteArrayData().size());
+    if (size <= length)
+        return size;
+    report("size mismatch");
+    return length;
+}
+
+// The checks as a sequence of conversions.
+int literalCompute(HwDatablock& b) {
+    const HwEDataFormatTyp format = b.getDataFormatTyp();
+    const unsigned short id = static_cast<unsigned short>(b.getId());
+    b.swapDataTo(HwDataFormatReference, id, &b);
+    b.setChecksum(0);
+    const unsigned int size = usedSize(b);
+    const unsigned short sum = sumOf(b.getByteArrayData(), size);
+    b.swapDataTo(format, id, &b);
+    return static_cast<unsigned short>(-sum);
+}
+
+int literalVerify(HwDatablock& b) {
+    const HwEDataFormatTyp format = b.getDataFormatTyp();
+    const unsigned short id = static_cast<unsigned short>(b.getId());
+    b.swapDataTo(HwDataFormatReference, id, &b);
+    const unsigned int size = usedSize(b);
+    const bool passed = size != 0 && sumOf(b.getByteArrayData(), size) == 0;
+    if (!passed)
+        debugServer()->println(2, 8,
+                               QStringLiteral("verifyChecksum(): Wrong checksum! at "
+                                              "EepromBlockId %1")
+                                   .arg(id),
+                               2, 0, nullptr, 0);
+    b.swapDataTo(format, id, &b);
+    if (!passed && size % 4 != 0)
+        report("Alignment of Block %d is wrong!\n", id);
+    return passed;
+}
+
+void expectSame(const Outcome& literal, const Outcome& actual) {
+    EXPECT_EQ(actual.result, literal.result);
+    EXPECT_EQ(actual.image, literal.image);
+    EXPECT_EQ(actual.format, literal.format);
+    EXPECT_EQ(actual.classType, literal.classType);
+    EXPECT_EQ(actual.lines, literal.lines);
+    EXPECT_EQ(actual.history.size(), literal.history.size());
+}
+
+void storeLE32(QByteArray& image, int at, unsigned value) {
+    for (int i = 0; i < 4; ++i)
+        image[at + i] = static_cast<char>((value >> (8 * i)) & 0xFF);
+}
+
+struct Case {
+    const char* name;
+    std::function<HwDatablock*()> make;
+    QByteArray image;
+    HwEDataFormatTyp format;
+};
+
+// A sealed self-describing image: its CRC-32 and 16-bit checksum in the reference form.
+QByteArray sealedPage(bool goodCrc, unsigned crcOverride = 0) {
+    QByteArray image = pageImage();
+    HwDatablock probe(false);
+    load(probe, image);
+    storeLE32(image, 8, goodCrc ? probe.computeChecksum32() : crcOverride);
+    sealChecksum(image);
+    return image;
+}
+
+std::vector<Case> cases() {
+    HwDatablockIdent ident;
+    ident.setSerialNumber(4711);
+    HwDatablockOroRfboAlcData alc;
+    alc.setRowCount(2);
+    alc.setColCount(3);
+    alc.setCalValue(-5, 1, 2);
+    const auto self = [] { return new HwDatablock2Edition; };
+    const auto plain = [] { return new HwDatablock(false); };
+    return {
+        {"self-describing", self, sealedPage(true), HwDataFormatConverted},
+        {"self-describing, wrong CRC", self, sealedPage(false, 0x12345678), HwDataFormatConverted},
+        {"event counter mark", self, sealedPage(false, 0x452D0040), HwDataFormatConverted},
+        {"ident", [] { return new HwDatablockIdent; }, ident.getByteArrayData(),
+         HwDataFormatConverted},
+        {"ident, third form", [] { return new HwDatablockIdent; }, ident.getByteArrayData(),
+         static_cast<HwEDataFormatTyp>(2)},
+        {"table", [] { return new HwDatablockOroRfboAlcData; }, alc.getByteArrayData(),
+         HwDataFormatConverted},
+        {"ident cut short", plain, bytesOf({2, 0, 44, 0, 0x17}), HwDataFormatConverted},
+        {"unknown id", plain, bytesOf({5, 0, 10, 0, 1, 0, 0, 0, 1, 0}), HwDataFormatConverted},
+    };
+}
+
+} // namespace
+
+TEST(ConvertedChecks, SameAsConvertingThereAndBack) {
+    for (const Case& c : cases()) {
+        SCOPED_TRACE(c.name);
+        for (bool compute : {true, false}) {
+            SCOPED_TRACE(compute ? "computeChecksum" : "verifyChecksum");
+            std::unique_ptr<HwDatablock> twin(c.make()), block(c.make());
+            for (HwDatablock* b : {twin.get(), block.get()}) {
+                load(*b, c.image);
+                b->swapDataTo(c.format, static_cast<unsigned short>(b->getId()), b);
+                b->setDataFormatTyp(c.format);
+            }
+            const Outcome literal = observe(
+                *twin, [&] { return compute ? literalCompute(*twin) : literalVerify(*twin); });
+            const Outcome actual = observe(*block, [&] {
+                return compute ? int(block->computeChecksum()) : int(block->verifyChecksum());
+            });
+            expectSame(literal, actual);
+        }
+    }
+}
