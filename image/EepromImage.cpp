@@ -2,8 +2,8 @@
 #include "EepromImage.h"
 
 #include "HwDatablock.h"
+#include "core/Checks.h"
 #include "core/HwBytes.h"
-#include "image/ImageChecks.h"
 #include "image/TableKinds.h"
 
 #include <QFile>
@@ -179,7 +179,7 @@ void EepromImage::check(ImageBlock& entry) const {
     const auto size = static_cast<std::size_t>(entry.size);
     entry.hasChecksum = true;
     entry.storedChecksum = bytes::getLE<quint16>(image, entry.offset + 4);
-    const quint16 sum = imagechecks::wordSum(block, size);
+    const quint16 sum = checks::wordSum(block, size);
     // The sum with the checksum word taken as 0, negated, is what the checksum should be.
     entry.computedChecksum = static_cast<quint16>(-(sum - entry.storedChecksum));
     entry.checksumOk = sum == 0;
@@ -188,7 +188,7 @@ void EepromImage::check(ImageBlock& entry) const {
     if (kind == BlockKind::SelfDescribing) {
         entry.hasCrc = true;
         entry.storedCrc = bytes::getLE<quint32>(image, entry.offset + 8);
-        entry.computedCrc = imagechecks::crc32Skipping4To11(block, size);
+        entry.computedCrc = checks::crc32Skipping4to11(block, size);
         if (entry.size <= 11)
             entry.crcOk = false;
         else if (entry.storedCrc == entry.computedCrc)
