@@ -5,10 +5,15 @@
 #include "HwCalibTableBlocks.h"
 #include "core/HwBytes.h"
 
+#include "templates/ValueConversion.h"
+
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstring>
 #include <iterator>
+#include <limits>
+#include <type_traits>
 
 namespace Tupsim {
 namespace tableKinds {
@@ -57,6 +62,58 @@ void compareExtras(HwDatablockBaseTemplateExtended<R, V, D, Rows, Cols>& a,
     }
 }
 
+// What a table holds besides its cells, for TableContent.
+inline void contentExtras(HwDatablock&, quint32, TableContent&) {}
+
+template <typename R, typename V, unsigned int Rows, unsigned int Cols>
+void contentExtras(HwDatablockBaseTemplateIndex<R, V, Rows, Cols>& block, quint32 rows,
+                   TableContent& content) {
+    content.hasIndexes = true;
+    for (quint32 row = 0; row < rows; ++row)
+        content.indexes.push_back(block.getIndex(row));
+}
+
+template <typename R, typename V, unsigned int D, unsigned int Rows, unsigned int Cols>
+void contentExtras(HwDatablockBaseTemplateExtended<R, V, D, Rows, Cols>& block, quint32,
+                   TableContent& content) {
+    content.hasDescriptors = true;
+    for (unsigned int i = 0; i < D; ++i) {
+        std::string text;
+        block.getDescriptor(static_cast<int>(i), text);
+        content.descriptors.push_back(text);
+    }
+}
+
+// "int16", "uint32", "float32", ...
+template <typename T> std::string typeName() {
+    const std::string bits = std::to_string(sizeof(T) * 8);
+    if (std::is_floating_point<T>::value)
+        return "float" + bits;
+    return (std::is_signed<T>::value ? "int" : "uint") + bits;
+}
+
+// Whether `value` can be stored as a T: an integer type takes what lies within its range after
+// cutting toward zero (or, when `exact`, integers only), float what is not beyond its range.
+template <typename T> bool fits(double value, bool exact, QString& rule) {
+    if constexpr (std::is_integral<T>::value) {
+        const double low = static_cast<double>(std::numeric_limits<T>::lowest());
+        const double high = static_cast<double>(std::numeric_limits<T>::max());
+        rule = QStringLiteral("%1 from %2 to %3")
+                   .arg(QString::fromStdString(typeName<T>()))
+                   .arg(static_cast<qint64>(std::numeric_limits<T>::lowest()))
+                   .arg(static_cast<quint64>(std::numeric_limits<T>::max()));
+        if (exact && value != std::trunc(value))
+            rule += QStringLiteral(", integers only");
+        return !std::isnan(value) && (!exact || value == std::trunc(value)) &&
+               std::trunc(value) >= low && std::trunc(value) <= high;
+    } else if constexpr (std::is_same<T, float>::value) {
+        rule = QStringLiteral("float32 up to %1 in magnitude").arg(std::numeric_limits<float>::max());
+        return !std::isfinite(value) || std::fabs(value) <= std::numeric_limits<float>::max();
+    } else {
+        return true;
+    }
+}
+
 void load(HwDatablock& block, const QByteArray& image) {
     block.setDataWithoutChecksumCheck(reinterpret_cast<const unsigned char*>(image.constData()),
                                       static_cast<unsigned int>(image.size()));
@@ -75,7 +132,9 @@ template <class Block> struct Adapter {
                 &print,
                 &read,
                 &compare,
-                &merge};
+                &merge,
+                &content,
+                &setCell};
     }
 
     static void print(const QByteArray& image, std::ostream& out) {
@@ -133,6 +192,47 @@ template <class Block> struct Adapter {
                                 sizeof now->values[row][col]) != 0)
                     result.setCalValue(now->values[row][col], row, col);
         return result.getByteArrayData();
+    }
+
+    using Raw = std::remove_cv_t<
+        std::remove_reference_t<decltype(std::declval<typename Block::HwSDatablock>().values[0][0])>>;
+
+    static void content(const QByteArray& image, TableContent& content) {
+        Block block(false);
+        load(block, image);
+        content.rows = block.getRowCount();
+        content.cols = block.getColCount();
+        content.maxRows = capacity().rows;
+        content.maxCols = capacity().cols;
+        content.factor = block.getFactor();
+        content.rawType = typeName<Raw>();
+        content.integral = std::is_integral<Raw>::value;
+        const quint32 rows = content.shownRows();
+        const quint32 cols = content.shownCols();
+        const auto* record = block.getBlock();
+        for (quint32 row = 0; row < rows; ++row)
+            for (quint32 col = 0; col < cols; ++col) {
+                Raw stored;
+                std::memcpy(&stored, &record->values[row][col], sizeof stored);
+                content.values.push_back(static_cast<double>(block.getCalValue(row, col)));
+                content.raw.push_back(static_cast<double>(stored));
+            }
+        contentExtras(block, rows, content);
+    }
+
+    static TableEdit setCell(const QByteArray& image, quint32 row, quint32 col, double value,
+                             bool scaled, QByteArray& result, QString& rule) {
+        Block block(false);
+        load(block, image);
+        if (row >= std::min(block.getRowCount(), capacity().rows) ||
+            col >= std::min(block.getColCount(), capacity().cols))
+            return TableEdit::OutOfRange;
+        const double raw = scaled ? detail::unscale(value, block.getFactor()) : value;
+        if (!fits<Raw>(raw, !scaled, rule))
+            return TableEdit::DoesNotFit;
+        block.setCalValue(detail::truncateTo<Raw>(raw), row, col);
+        result = block.getByteArrayData();
+        return TableEdit::Ok;
     }
 };
 

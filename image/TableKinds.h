@@ -3,6 +3,7 @@
 #pragma once
 
 #include "ImageImport.h"
+#include "ImageTables.h"
 #include "TextReadStatus.h"
 
 #include <QByteArray>
@@ -31,6 +32,13 @@ struct TableKind {
     // them exactly.
     QByteArray (*merge)(const QByteArray& stored, const QByteArray& unedited,
                         const QByteArray& edited);
+    // Counts, capacity, factor, cells, row indexes and descriptors of an image of the class.
+    void (*content)(const QByteArray& image, TableContent& content);
+    // `image` with one cell set through the class, its checksum recomputed: `value` divided by
+    // the factor and cut toward zero when `scaled`, else stored as it is. Anything but Ok
+    // leaves `result` alone; DoesNotFit puts the stored type and its range in `rule`.
+    TableEdit (*setCell)(const QByteArray& image, quint32 row, quint32 col, double value,
+                         bool scaled, QByteArray& result, QString& rule);
 };
 
 // The kind of `id`, or nullptr when it is no table of the catalogue.

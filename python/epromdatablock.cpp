@@ -1,0 +1,623 @@
+// The Python module epromdatablock: the library's image layer, its calibration tables and its
+// catalogue with Python types; every operation is a call into the library.
+#include <BlockCatalogue.h>
+#include <EepromImage.h>
+#include <ImageDiff.h>
+#include <ImageExport.h>
+#include <ImageImport.h>
+#include <ImageTables.h>
+#include <SafeWrite.h>
+
+#include <QSet>
+#include <pybind11/pybind11.h>
+#include <pybind11/stl.h>
+#include <pybind11/stl/filesystem.h>
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace py = pybind11;
+using namespace Tupsim;
+
+// QString travels as str, QByteArray as bytes.
+namespace pybind11 {
+namespace detail {
+
+template <> struct type_caster<QString> {
+    PYBIND11_TYPE_CASTER(QString, const_name("str"));
+
+    bool load(handle source, bool) {
+        if (!PyUnicode_Check(source.ptr()))
+            return false;
+        Py_ssize_t size = 0;
+        const char* text = PyUnicode_AsUTF8AndSize(source.ptr(), &size);
+        if (text == nullptr) {
+            PyErr_Clear();
+            return false;
+        }
+        value = QString::fromUtf8(text, static_cast<int>(size));
+        return true;
+    }
+
+    static handle cast(const QString& text, return_value_policy, handle) {
+        const QByteArray utf8 = text.toUtf8();
+        return PyUnicode_DecodeUTF8(utf8.constData(), utf8.size(), "replace");
+    }
+};
+
+template <> struct type_caster<QByteArray> {
+    PYBIND11_TYPE_CASTER(QByteArray, const_name("bytes"));
+
+    bool load(handle source, bool) {
+        if (!PyBytes_Check(source.ptr()))
+            return false;
+        value = QByteArray(PyBytes_AS_STRING(source.ptr()),
+                           static_cast<int>(PyBytes_GET_SIZE(source.ptr())));
+        return true;
+    }
+
+    static handle cast(const QByteArray& data, return_value_policy, handle) {
+        return PyBytes_FromStringAndSize(data.constData(), data.size());
+    }
+};
+
+} // namespace detail
+} // namespace pybind11
+
+namespace {
+
+using ImagePtr = std::shared_ptr<EepromImage>;
+
+QString pathText(const std::filesystem::path& path) {
+    return QString::fromStdString(path.string());
+}
+
+[[noreturn]] void raiseOSError(const QString& message) {
+    PyErr_SetString(PyExc_OSError, message.toUtf8().constData());
+    throw py::error_already_set();
+}
+
+// Python's own reading of an index: negative ones count from the end.
+int position(long long index, long long count, const char* what) {
+    const long long at = index < 0 ? index + count : index;
+    if (at < 0 || at >= count)
+        throw py::index_error(std::string(what) + " index " + std::to_string(index) +
+                              " out of range (" + std::to_string(count) + ")");
+    return static_cast<int>(at);
+}
+
+quint32 cellIndex(long long index, const char* what) {
+    if (index < 0 || index > 0xffffffffLL)
+        throw py::index_error(std::string(what) + " " + std::to_string(index) +
+                              " is outside the table");
+    return static_cast<quint32>(index);
+}
+
+// One block of an image, read live from the image it belongs to.
+struct Block {
+    ImagePtr image;
+    int index;
+
+    const ImageBlock& entry() const {
+        if (index >= image->blockCount())
+            throw py::index_error("the block is no longer in the image");
+        return image->block(index);
+    }
+};
+
+// The calibration table of one block.
+struct Table {
+    ImagePtr image;
+    int index;
+
+    TableContent content() const {
+        TableContent result;
+        if (!readTable(*image, index, result))
+            throw py::value_error("the block is no longer a calibration table");
+        return result;
+    }
+};
+
+py::object checkOf(bool present, unsigned stored, unsigned computed, bool ok) {
+    if (!present)
+        return py::none();
+    py::dict check;
+    check["stored"] = stored;
+    check["computed"] = computed;
+    check["ok"] = ok;
+    return std::move(check);
+}
+
+std::optional<Block> blockOrNone(const ImagePtr& image, int index) {
+    if (index < 0)
+        return std::nullopt;
+    return Block{image, index};
+}
+
+py::list grid(const std::vector<double>& cells, quint32 rows, quint32 cols, bool integral) {
+    py::list table;
+    for (quint32 row = 0; row < rows; ++row) {
+        py::list line;
+        for (quint32 col = 0; col < cols; ++col) {
+            const double cell = cells[static_cast<std::size_t>(row) * cols + col];
+            if (integral)
+                line.append(py::int_(static_cast<long long>(cell)));
+            else
+                line.append(py::float_(cell));
+        }
+        table.append(line);
+    }
+    return table;
+}
+
+void setCell(const Table& table, long long row, long long col, double value, bool raw) {
+    QString error;
+    const quint32 r = cellIndex(row, "row");
+    const quint32 c = cellIndex(col, "column");
+    const TableEdit edit = raw ? setTableRaw(*table.image, table.index, r, c, value, error)
+                               : setTableCell(*table.image, table.index, r, c, value, error);
+    switch (edit) {
+    case TableEdit::Ok:
+        return;
+    case TableEdit::OutOfRange:
+        throw py::index_error(error.toStdString());
+    default:
+        throw py::value_error(error.toStdString());
+    }
+}
+
+const char* outcomeName(ImportedBlock::Outcome outcome) {
+    switch (outcome) {
+    case ImportedBlock::Unchanged:
+        return "unchanged";
+    case ImportedBlock::Changed:
+        return "changed";
+    case ImportedBlock::NotImportable:
+        return "not importable";
+    }
+    return "";
+}
+
+const char* differenceName(BlockDifference::Kind kind) {
+    switch (kind) {
+    case BlockDifference::Changed:
+        return "changed";
+    case BlockDifference::Removed:
+        return "removed";
+    case BlockDifference::Added:
+        return "added";
+    }
+    return "";
+}
+
+ImportPlan plan(const EepromImage& image, const QByteArray& text) {
+    ImportPlan result = planImport(image, text);
+    if (!result.ok)
+        throw py::value_error(result.error.toStdString());
+    return result;
+}
+
+std::string blockRepr(const Block& block) {
+    const ImageBlock& b = block.entry();
+    QString text = QStringLiteral("<Block %1 %2 at %3, %4 bytes")
+                       .arg(b.id)
+                       .arg(block.image->name(block.index), hex16(b.offset))
+                       .arg(b.size);
+    if (!b.isEnd)
+        text += b.ok() ? QStringLiteral(", ok") : QStringLiteral(", FAILED");
+    return (text + QStringLiteral(">")).toStdString();
+}
+
+std::string imageRepr(const EepromImage& image) {
+    const int problems = image.problems().size();
+    QString text = QStringLiteral("<Image %1 bytes, %2 blocks").arg(image.size()).arg(
+        image.dataBlockCount());
+    if (image.endOffset() >= 0)
+        text += QStringLiteral(", end block at %1").arg(hex16(image.endOffset()));
+    if (image.chainBroken())
+        text += QStringLiteral(", chain broken");
+    text += problems == 0 ? QStringLiteral(", ok")
+                          : QStringLiteral(", %1 problem%2").arg(problems).arg(
+                                problems == 1 ? "" : "s");
+    return (text + QStringLiteral(">")).toStdString();
+}
+
+} // namespace
+
+PYBIND11_MODULE(epromdatablock, m) {
+    m.doc() = "EEPROM images of the datablock library: blocks and their checks, calibration "
+              "tables, calibration text export and import, and the block catalogue.";
+
+    py::class_<ImageProblem>(m, "Problem", "One thing found wrong in an image, at its offset.")
+        .def_readonly("offset", &ImageProblem::offset,
+                      "Offset in the image where the problem was found.")
+        .def_readonly("text", &ImageProblem::text, "What is wrong, in words.")
+        .def("__str__", [](const ImageProblem& p) { return p.text; })
+        .def("__repr__", [](const ImageProblem& p) {
+            return QStringLiteral("<Problem at %1: %2>").arg(hex16(p.offset), p.text);
+        });
+
+    py::class_<Table>(m, "Table",
+                      "The calibration table of one block. Reads always show the image as it is "
+                      "now; setting a cell replaces the block in its image with the checksum "
+                      "recomputed.")
+        .def_property_readonly(
+            "rows", [](const Table& t) { return t.content().rows; },
+            "Stored row count (may exceed the capacity of a damaged block).")
+        .def_property_readonly(
+            "cols", [](const Table& t) { return t.content().cols; }, "Stored column count.")
+        .def_property_readonly(
+            "shape",
+            [](const Table& t) {
+                const TableContent c = t.content();
+                return py::make_tuple(c.shownRows(), c.shownCols());
+            },
+            "(rows, cols) of `cells`: the stored counts, cut to the capacity.")
+        .def_property_readonly(
+            "capacity",
+            [](const Table& t) {
+                const TableContent c = t.content();
+                return py::make_tuple(c.maxRows, c.maxCols);
+            },
+            "(rows, cols) the table's class can hold.")
+        .def_property_readonly(
+            "factor", [](const Table& t) { return t.content().factor; },
+            "Scale factor: a cell's value is its stored value times the factor.")
+        .def_property_readonly(
+            "raw_type", [](const Table& t) { return t.content().rawType; },
+            "Type of the stored cells: 'int16', 'uint32', 'float32', ...")
+        .def_property_readonly(
+            "cells",
+            [](const Table& t) {
+                const TableContent c = t.content();
+                return grid(c.values, c.shownRows(), c.shownCols(), false);
+            },
+            "The cells as a list of rows of floats, factor applied as the calibration text "
+            "shows them.")
+        .def_property_readonly(
+            "raw",
+            [](const Table& t) {
+                const TableContent c = t.content();
+                return grid(c.raw, c.shownRows(), c.shownCols(), c.integral);
+            },
+            "The cells as stored: a list of rows of ints (floats for floating-point tables).")
+        .def_property_readonly(
+            "indexes",
+            [](const Table& t) -> py::object {
+                const TableContent c = t.content();
+                return c.hasIndexes ? py::cast(c.indexes) : py::none();
+            },
+            "Row indexes of an index table, one per row; None for other tables.")
+        .def_property_readonly(
+            "descriptors",
+            [](const Table& t) -> py::object {
+                const TableContent c = t.content();
+                return c.hasDescriptors ? py::cast(c.descriptors) : py::none();
+            },
+            "Descriptors of a table with descriptors; None for other tables.")
+        .def(
+            "set_cell",
+            [](const Table& t, long long row, long long col, double value) {
+                setCell(t, row, col, value, false);
+            },
+            py::arg("row"), py::arg("col"), py::arg("value"),
+            "Sets a cell from a value as the calibration text shows it: divided by the factor "
+            "and cut toward zero, as the text reader stores it. IndexError outside the table, "
+            "ValueError when the value does not fit the stored type.")
+        .def(
+            "set_raw",
+            [](const Table& t, long long row, long long col, double value) {
+                setCell(t, row, col, value, true);
+            },
+            py::arg("row"), py::arg("col"), py::arg("raw"),
+            "Sets a cell to a stored value as it is (integers only for integer tables). "
+            "IndexError outside the table, ValueError when the value does not fit.")
+        .def("__repr__", [](const Table& t) {
+            const TableContent c = t.content();
+            return QStringLiteral("<Table %1 %2*%3 of %4*%5 %6, factor %7>")
+                .arg(t.image->name(t.index))
+                .arg(c.rows)
+                .arg(c.cols)
+                .arg(c.maxRows)
+                .arg(c.maxCols)
+                .arg(QString::fromStdString(c.rawType))
+                .arg(c.factor);
+        });
+
+    py::class_<Block>(m, "Block",
+                      "One block of an image's chain with the outcome of its checks, read live "
+                      "from the image.")
+        .def_property_readonly(
+            "index", [](const Block& b) { return b.index; }, "Position in the chain.")
+        .def_property_readonly(
+            "offset", [](const Block& b) { return b.entry().offset; },
+            "Offset from the start of the image.")
+        .def_property_readonly(
+            "id", [](const Block& b) { return b.entry().id; }, "Block id.")
+        .def_property_readonly(
+            "size", [](const Block& b) { return b.entry().size; },
+            "Bytes the block occupies, header included (4 for the end block).")
+        .def_property_readonly(
+            "alignment", [](const Block& b) { return b.entry().alignment; },
+            "Alignment word of the header.")
+        .def_property_readonly(
+            "name", [](const Block& b) { return b.image->name(b.index); },
+            "Text id where the block has one, else its class name.")
+        .def_property_readonly(
+            "class_name",
+            [](const Block& b) { return std::string(b.image->kindOf(b.index).className); },
+            "Library class that interprets the block.")
+        .def_property_readonly(
+            "kind",
+            [](const Block& b) {
+                return std::string(blockCatalogue::kindName(b.image->kindOf(b.index).kind));
+            },
+            "Kind of block: 'identification', 'calibration table', ...")
+        .def_property_readonly(
+            "is_end", [](const Block& b) { return b.entry().isEnd; }, "True for the end block.")
+        .def_property_readonly(
+            "checksum",
+            [](const Block& b) {
+                const ImageBlock& e = b.entry();
+                return checkOf(e.hasChecksum, e.storedChecksum, e.computedChecksum,
+                               e.checksumOk);
+            },
+            "16-bit checksum as {'stored', 'computed', 'ok'}; None for the end block.")
+        .def_property_readonly(
+            "crc32",
+            [](const Block& b) {
+                const ImageBlock& e = b.entry();
+                py::object check = checkOf(e.hasCrc, e.storedCrc, e.computedCrc, e.crcOk);
+                if (e.hasCrc)
+                    check["event_counter"] = e.eventCounter;
+                return check;
+            },
+            "CRC-32 of self-describing blocks as {'stored', 'computed', 'ok', "
+            "'event_counter'}; None for other blocks.")
+        .def_property_readonly(
+            "over_capacity",
+            [](const Block& b) -> py::object {
+                const QString text = b.entry().overCapacity;
+                return text.isEmpty() ? py::none() : py::cast(text);
+            },
+            "Why a table's counts exceed its capacity; None when they fit.")
+        .def_property_readonly(
+            "ok", [](const Block& b) { return b.entry().ok(); },
+            "True when every check of the block passes.")
+        .def_property_readonly(
+            "table",
+            [](const Block& b) -> std::optional<Table> {
+                if (!isTable(*b.image, b.index))
+                    return std::nullopt;
+                return Table{b.image, b.index};
+            },
+            "The block's calibration Table; None when it is no calibration table.")
+        .def(
+            "to_bytes", [](const Block& b) { return b.image->blockBytes(b.index); },
+            "The block's own bytes, exactly its size.")
+        .def(
+            "export", [](const Block& b) { return exportBlock(*b.image, b.index); },
+            "The block's section of a calibration file, in the form of its own class.")
+        .def("__repr__", &blockRepr);
+
+    py::class_<ImportedBlock>(m, "ImportedBlock", "What a calibration text does to one block.")
+        .def_readonly("index", &ImportedBlock::index, "Position in the image's chain.")
+        .def_readonly("id", &ImportedBlock::id, "Block id.")
+        .def_readonly("offset", &ImportedBlock::offset, "Offset of the block in the image.")
+        .def_readonly("name", &ImportedBlock::name, "Name of the block's section.")
+        .def_property_readonly(
+            "outcome", [](const ImportedBlock& b) { return std::string(outcomeName(b.outcome)); },
+            "'unchanged', 'changed' or 'not importable'.")
+        .def_readonly("note", &ImportedBlock::note,
+                      "What changed, or why the block is not importable.")
+        .def_property_readonly(
+            "complaints",
+            [](const ImportedBlock& b) {
+                std::vector<QString> lines(b.complaints.begin(), b.complaints.end());
+                return lines;
+            },
+            "What the reader had to say about the section, summarised.")
+        .def_readonly("before", &ImportedBlock::before, "The stored block.")
+        .def_readonly("after", &ImportedBlock::after, "The new block (changed blocks only).")
+        .def("__repr__", [](const ImportedBlock& b) {
+            return QStringLiteral("<ImportedBlock %1 at %2 %3: %4%5>")
+                .arg(b.id)
+                .arg(hex16(b.offset), b.name, QLatin1String(outcomeName(b.outcome)),
+                     b.note.isEmpty() ? QString() : QStringLiteral(", ") + b.note);
+        });
+
+    py::class_<SkippedSection>(m, "SkippedSection",
+                               "A section of a calibration text that the import does not read.")
+        .def_readonly("name", &SkippedSection::name, "The section's name.")
+        .def_readonly("line", &SkippedSection::line, "Line of its 'ID:' line.")
+        .def_readonly("reason", &SkippedSection::reason, "Why it is not read.")
+        .def("__repr__", [](const SkippedSection& s) {
+            return QStringLiteral("<SkippedSection %1 (line %2): %3>")
+                .arg(s.name)
+                .arg(s.line)
+                .arg(s.reason);
+        });
+
+    py::class_<ImportPlan>(m, "ImportPlan",
+                           "What a calibration text would do to an image, block by block.")
+        .def_property_readonly(
+            "blocks",
+            [](const ImportPlan& p) {
+                return std::vector<ImportedBlock>(p.blocks.begin(), p.blocks.end());
+            },
+            "Every table block with a section in the text, in chain order.")
+        .def_property_readonly(
+            "skipped",
+            [](const ImportPlan& p) {
+                return std::vector<SkippedSection>(p.skipped.begin(), p.skipped.end());
+            },
+            "Sections that are not read back.")
+        .def_property_readonly("changed_count", &ImportPlan::changedCount,
+                               "How many blocks the text changes.")
+        .def("__repr__", [](const ImportPlan& p) {
+            return QStringLiteral("<ImportPlan %1 blocks, %2 changed, %3 sections skipped>")
+                .arg(p.blocks.size())
+                .arg(p.changedCount())
+                .arg(p.skipped.size());
+        });
+
+    py::class_<EepromImage, ImagePtr>(
+        m, "Image",
+        "A whole EEPROM image: its chain of blocks walked once, each block checked. Opening "
+        "never fails on the content: what is wrong is listed in `problems`.")
+        .def_static(
+            "open",
+            [](const std::filesystem::path& path) {
+                auto image = std::make_shared<EepromImage>();
+                QString error;
+                if (!EepromImage::fromFile(pathText(path), *image, error))
+                    raiseOSError(error);
+                return image;
+            },
+            py::arg("path"), "Reads an image file. OSError when it cannot be read.")
+        .def_static(
+            "from_bytes",
+            [](const QByteArray& data) {
+                return std::make_shared<EepromImage>(EepromImage::fromBytes(data));
+            },
+            py::arg("data"), "An image of the given bytes.")
+        .def_property_readonly(
+            "blocks",
+            [](const ImagePtr& image) {
+                std::vector<Block> blocks;
+                for (int i = 0; i < image->blockCount(); ++i)
+                    blocks.push_back(Block{image, i});
+                return blocks;
+            },
+            "The blocks in chain order; the end block, when found, is the last one.")
+        .def("__len__", &EepromImage::blockCount, "Number of blocks, the end block included.")
+        .def(
+            "__getitem__",
+            [](const ImagePtr& image, long long index) {
+                return Block{image, position(index, image->blockCount(), "block")};
+            },
+            py::arg("index"), "The block at a position of the chain.")
+        .def_property_readonly(
+            "problems",
+            [](const EepromImage& image) {
+                const QVector<ImageProblem> problems = image.problems();
+                return std::vector<ImageProblem>(problems.begin(), problems.end());
+            },
+            "Failed checks in chain order, then what broke the chain.")
+        .def("verify", &EepromImage::ok,
+             "True when the chain is whole and every block passes its checks.")
+        .def_property_readonly("chain_broken", &EepromImage::chainBroken,
+                               "True when the chain of blocks does not reach an end block.")
+        .def_property_readonly("size", &EepromImage::size, "Bytes of the image.")
+        .def_property_readonly("bytes_used", &EepromImage::bytesUsed,
+                               "Bytes up to and including the end block; 0 when broken.")
+        .def_property_readonly("bytes_free", &EepromImage::bytesFree,
+                               "Bytes behind the end block; 0 when the chain is broken.")
+        .def_property_readonly(
+            "end_offset",
+            [](const EepromImage& image) -> py::object {
+                return image.endOffset() < 0 ? py::none() : py::cast(image.endOffset());
+            },
+            "Offset of the end block; None when there is none.")
+        .def(
+            "find",
+            [](const ImagePtr& image, quint16 id, int start) {
+                return blockOrNone(image, image->find(id, start));
+            },
+            py::arg("id"), py::arg("start") = 0,
+            "The first block with `id` at or after position `start`; None when there is none.")
+        .def(
+            "to_bytes", [](const EepromImage& image) { return image.bytes(); },
+            "The image's bytes.")
+        .def(
+            "save",
+            [](const EepromImage& image, const std::filesystem::path& path, bool backup) {
+                QString error;
+                if (!safeWrite(pathText(path), image.bytes(), backup, error))
+                    raiseOSError(error);
+            },
+            py::arg("path"), py::arg("backup") = true,
+            "Writes the image to `path`, replacing the file only once the new content is "
+            "complete; with `backup` the previous file is kept as PATH.bak. OSError on failure.")
+        .def(
+            "export",
+            [](const EepromImage& image, const std::optional<std::vector<quint16>>& ids) {
+                QSet<quint16> chosen;
+                if (ids)
+                    for (quint16 id : *ids)
+                        chosen.insert(id);
+                return exportImage(image, chosen);
+            },
+            py::arg("ids") = py::none(),
+            "The image as a calibration text, every block in the form of its own class; only "
+            "the blocks whose id is in `ids` when it is given.")
+        .def(
+            "plan_import", [](const EepromImage& image, const QByteArray& text) {
+                return plan(image, text);
+            },
+            py::arg("text"))
+        .def(
+            "plan_import",
+            [](const EepromImage& image, const QString& text) {
+                return plan(image, text.toUtf8());
+            },
+            py::arg("text"),
+            "What a calibration text (str or bytes) would do to the image's tables, block by "
+            "block. ValueError, naming the section and the line, when a section is malformed.")
+        .def(
+            "apply_import",
+            [](EepromImage& image, const ImportPlan& plan) {
+                QString error;
+                if (!applyImport(image, plan, error))
+                    throw py::value_error(error.toStdString());
+            },
+            py::arg("plan"),
+            "Replaces the blocks a plan of this image changes. ValueError when the new chain "
+            "does not fit.")
+        .def(
+            "diff",
+            [](const EepromImage& a, const EepromImage& b) {
+                py::list result;
+                for (const BlockDifference& d : diffImages(a, b).differences) {
+                    py::list header;
+                    for (const HeaderChange& h : d.headerChanges)
+                        header.append(py::make_tuple(h.field, h.before, h.after));
+                    py::dict entry;
+                    entry["kind"] = differenceName(d.kind);
+                    entry["id"] = d.id;
+                    entry["offset_a"] = d.offsetA < 0 ? py::object(py::none()) : py::int_(d.offsetA);
+                    entry["offset_b"] = d.offsetB < 0 ? py::object(py::none()) : py::int_(d.offsetB);
+                    entry["header_changes"] = header;
+                    entry["bytes_changed"] = d.bytesChanged;
+                    result.append(entry);
+                }
+                return result;
+            },
+            py::arg("other"),
+            "How the blocks of `other` differ from this image's, as dicts with 'kind' "
+            "('changed', 'removed', 'added'), 'id', 'offset_a', 'offset_b', 'header_changes' "
+            "[(field, before, after)] and 'bytes_changed'.")
+        .def("__repr__", &imageRepr);
+
+    m.def(
+        "catalogue",
+        [] {
+            py::list entries;
+            for (quint16 id : blockCatalogue::knownIds()) {
+                const BlockKindInfo info = blockCatalogue::describe(id);
+                py::dict entry;
+                entry["id"] = id;
+                entry["name"] = info.name();
+                entry["class"] = info.className;
+                entry["kind"] = blockCatalogue::kindName(info.kind);
+                entry["template"] = blockCatalogue::templateName(info.tableTemplate);
+                entry["reads_back"] = info.readsBack;
+                entries.append(entry);
+            }
+            return entries;
+        },
+        "Every block id the library has a class for, as dicts with 'id', 'name', 'class', "
+        "'kind', 'template' and 'reads_back'.");
+}
