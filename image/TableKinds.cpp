@@ -107,7 +107,8 @@ template <typename T> bool fits(double value, bool exact, QString& rule) {
         return !std::isnan(value) && (!exact || value == std::trunc(value)) &&
                std::trunc(value) >= low && std::trunc(value) <= high;
     } else if constexpr (std::is_same<T, float>::value) {
-        rule = QStringLiteral("float32 up to %1 in magnitude").arg(std::numeric_limits<float>::max());
+        rule =
+            QStringLiteral("float32 up to %1 in magnitude").arg(std::numeric_limits<float>::max());
         return !std::isfinite(value) || std::fabs(value) <= std::numeric_limits<float>::max();
     } else {
         return true;
@@ -194,8 +195,8 @@ template <class Block> struct Adapter {
         return result.getByteArrayData();
     }
 
-    using Raw = std::remove_cv_t<
-        std::remove_reference_t<decltype(std::declval<typename Block::HwSDatablock>().values[0][0])>>;
+    using Raw = std::remove_cv_t<std::remove_reference_t<
+        decltype(std::declval<typename Block::HwSDatablock>().values[0][0])>>;
 
     static void content(const QByteArray& image, TableContent& content) {
         Block block(false);

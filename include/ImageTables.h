@@ -17,7 +17,8 @@ struct TableContent {
     quint32 maxRows = 0; // the capacity of the class
     quint32 maxCols = 0;
     double factor = 1.0;
-    std::string rawType; // of the stored cells: "int8", "uint16", "int32", "float32", "float64", ...
+    std::string
+        rawType; // of the stored cells: "int8", "uint16", "int32", "float32", "float64", ...
     bool integral = true; // the stored cells are integers
 
     // The cells within the counts and the capacity, row by row: the stored value times the
@@ -54,7 +55,7 @@ EPROMDATABLOCK_EXPORT bool readTable(const EepromImage& image, int index, TableC
 EPROMDATABLOCK_EXPORT TableEdit setTableCell(EepromImage& image, int index, quint32 row,
                                              quint32 col, double value, QString& error);
 // Sets one cell to a stored value as it is; an integer table takes integers only.
-EPROMDATABLOCK_EXPORT TableEdit setTableRaw(EepromImage& image, int index, quint32 row,
-                                            quint32 col, double raw, QString& error);
+EPROMDATABLOCK_EXPORT TableEdit setTableRaw(EepromImage& image, int index, quint32 row, quint32 col,
+                                            double raw, QString& error);
 
 } // namespace Tupsim

@@ -212,15 +212,15 @@ std::string blockRepr(const Block& block) {
 
 std::string imageRepr(const EepromImage& image) {
     const int problems = image.problems().size();
-    QString text = QStringLiteral("<Image %1 bytes, %2 blocks").arg(image.size()).arg(
-        image.dataBlockCount());
+    QString text =
+        QStringLiteral("<Image %1 bytes, %2 blocks").arg(image.size()).arg(image.dataBlockCount());
     if (image.endOffset() >= 0)
         text += QStringLiteral(", end block at %1").arg(hex16(image.endOffset()));
     if (image.chainBroken())
         text += QStringLiteral(", chain broken");
-    text += problems == 0 ? QStringLiteral(", ok")
-                          : QStringLiteral(", %1 problem%2").arg(problems).arg(
-                                problems == 1 ? "" : "s");
+    text += problems == 0
+                ? QStringLiteral(", ok")
+                : QStringLiteral(", %1 problem%2").arg(problems).arg(problems == 1 ? "" : "s");
     return (text + QStringLiteral(">")).toStdString();
 }
 
@@ -361,8 +361,7 @@ PYBIND11_MODULE(epromdatablock, m) {
             "checksum",
             [](const Block& b) {
                 const ImageBlock& e = b.entry();
-                return checkOf(e.hasChecksum, e.storedChecksum, e.computedChecksum,
-                               e.checksumOk);
+                return checkOf(e.hasChecksum, e.storedChecksum, e.computedChecksum, e.checksumOk);
             },
             "16-bit checksum as {'stored', 'computed', 'ok'}; None for the end block.")
         .def_property_readonly(
@@ -554,9 +553,8 @@ PYBIND11_MODULE(epromdatablock, m) {
             "The image as a calibration text, every block in the form of its own class; only "
             "the blocks whose id is in `ids` when it is given.")
         .def(
-            "plan_import", [](const EepromImage& image, const QByteArray& text) {
-                return plan(image, text);
-            },
+            "plan_import",
+            [](const EepromImage& image, const QByteArray& text) { return plan(image, text); },
             py::arg("text"))
         .def(
             "plan_import",
@@ -587,8 +585,10 @@ PYBIND11_MODULE(epromdatablock, m) {
                     py::dict entry;
                     entry["kind"] = differenceName(d.kind);
                     entry["id"] = d.id;
-                    entry["offset_a"] = d.offsetA < 0 ? py::object(py::none()) : py::int_(d.offsetA);
-                    entry["offset_b"] = d.offsetB < 0 ? py::object(py::none()) : py::int_(d.offsetB);
+                    entry["offset_a"] =
+                        d.offsetA < 0 ? py::object(py::none()) : py::int_(d.offsetA);
+                    entry["offset_b"] =
+                        d.offsetB < 0 ? py::object(py::none()) : py::int_(d.offsetB);
                     entry["header_changes"] = header;
                     entry["bytes_changed"] = d.bytesChanged;
                     result.append(entry);

@@ -1,0 +1,115 @@
+# Bad input of every kind: damaged images listed as problems, wrong calls as Python exceptions.
+import struct
+
+import pytest
+
+import epromdatablock as ed
+
+
+@pytest.mark.parametrize("data, problem", [
+    (b"", "the image is empty"),
+    (b"\x00", "block header cut short: 1 byte of 8 left"),
+    (b"\xff" * 64, "end block reads FF FF FF FF instead of FF FF 00 00 (erased memory?)"),
+    (struct.pack("<4H", 15731, 0xFFFF, 0, 0) + bytes(40),
+     "block 15731 of 65535 bytes runs past the end of the image (48 bytes left)"),
+    (struct.pack("<4H", 15731, 2, 0, 0) + bytes(40),
+     "block 15731 has size 2, less than its 8-byte header"),
+])
+def test_damaged_images_list_their_problem(data, problem):
+    image = ed.Image.from_bytes(data)
+    assert [p.text for p in image.problems][-1] == problem
+    assert image.chain_broken and not image.verify()
+    assert image.to_bytes() == data
+    repr(image), [repr(b) for b in image.blocks]
+
+
+def test_hostile_table_counts_are_reported_and_read_within_capacity():
+    block = struct.pack("<4H2I", 15731, 24, 0, 0, 0xFFFFFFFF, 7) + bytes(8)
+    image = ed.Image.from_bytes(block + b"\xff\xff\x00\x00")
+    assert [p.text for p in image.problems] == [
+        "block 15731: checksum BAD (stored 0x0000, computed 0xc270)",
+        "block 15731: counts 4294967295*7 exceed the capacity 4*10"]
+    table = image[0].table
+    assert (table.rows, table.cols, table.shape) == (4294967295, 7, (4, 7))
+    assert table.cells == [[0.0] * 7] * 4
+    assert image[0].over_capacity == "counts 4294967295*7 exceed the capacity 4*10"
+
+
+@pytest.mark.parametrize("call", [
+    lambda image: ed.Image.from_bytes("text"),
+    lambda image: ed.Image.from_bytes(None),
+    lambda image: ed.Image.open(5),
+    lambda image: image.find("15731"),
+    lambda image: image.find(70000),
+    lambda image: image.find(15731).table.set_cell("0", 0, 1.0),
+    lambda image: image.find(15731).table.set_raw(0, 0, "1"),
+    lambda image: image.plan_import(42),
+    lambda image: image.export(ids="15731"),
+])
+def test_wrong_argument_types_raise_type_error(sample_path, call):
+    with pytest.raises(TypeError):
+        call(ed.Image.open(sample_path))
+
+
+@pytest.mark.parametrize("call, message", [
+    (lambda image: image[14], "block index 14 out of range (14)"),
+    (lambda image: image[-15], "block index -15 out of range (14)"),
+    (lambda image: image.find(15731).table.set_raw(4, 0, 1),
+     "cell (4, 0) is outside the 4*10 cells of RFBO_ALC_DATA"),
+    (lambda image: image.find(15731).table.set_cell(0, 10, 1.0),
+     "cell (0, 10) is outside the 4*10 cells of RFBO_ALC_DATA"),
+    (lambda image: image.find(15843).table.set_raw(0, 5, 1),
+     "cell (0, 5) is outside the 4*5 cells of RFBO_ATT_CAL_VEC_DATA"),
+    (lambda image: image.find(15731).table.set_raw(-1, 0, 1), "row -1 is outside the table"),
+])
+def test_indexes_past_the_end_raise_index_error(sample_path, call, message):
+    image = ed.Image.open(sample_path)
+    with pytest.raises(IndexError) as raised:
+        call(image)
+    assert str(raised.value) == message
+    assert image.to_bytes() == open(sample_path, "rb").read()
+
+
+@pytest.mark.parametrize("block, cell, raw, message", [
+    (15731, "set_raw", 2**40,
+     "cell (0, 0) of RFBO_ALC_DATA: 1099511627776 does not fit the stored int32 from "
+     "-2147483648 to 2147483647"),
+    (15731, "set_raw", 1.5,
+     "cell (0, 0) of RFBO_ALC_DATA: 1.5 does not fit the stored int32 from -2147483648 to "
+     "2147483647, integers only"),
+    (15730, "set_raw", -1,
+     "cell (0, 0) of RFBO_ALC_FREQ: -1 does not fit the stored uint32 from 0 to 4294967295"),
+    (15730, "set_cell", 5e11,
+     "cell (0, 0) of RFBO_ALC_FREQ: 500000000000 does not fit the stored uint32 from 0 to "
+     "4294967295"),
+])
+def test_values_that_do_not_fit_raise_value_error(sample_path, block, cell, raw, message):
+    image = ed.Image.open(sample_path)
+    with pytest.raises(ValueError) as raised:
+        getattr(image.find(block).table, cell)(0, 0, raw)
+    assert str(raised.value) == message
+    assert image.verify() and image.to_bytes() == open(sample_path, "rb").read()
+
+
+def test_malformed_section_raises_value_error_naming_section_and_line(sample_path):
+    image = ed.Image.open(sample_path)
+    text = image.export().replace("COUNT:  4*10", "COUNT:  4*x")
+    with pytest.raises(ValueError) as raised:
+        image.plan_import(text)
+    line = text.splitlines().index("COUNT:  4*x") + 1
+    assert str(raised.value) == (
+        f"section RFBO_ALC_DATA, line {line}: column count could not be read")
+
+
+def test_file_errors_raise_os_error(tmp_path, sample_path):
+    missing = tmp_path / "missing.eeprom"
+    with pytest.raises(OSError) as raised:
+        ed.Image.open(missing)
+    assert str(raised.value) == f"cannot read {missing}: No such file or directory"
+    with pytest.raises(OSError, match="Is a directory"):
+        ed.Image.open(tmp_path)
+    with pytest.raises(OSError) as raised:
+        ed.Image.open(sample_path).save(tmp_path)
+    assert str(raised.value) == f"cannot write {tmp_path}: Is a directory"
+    with pytest.raises(OSError, match="^cannot write .*missing/out.eeprom: "):
+        ed.Image.open(sample_path).save(tmp_path / "missing" / "out.eeprom")

@@ -1,0 +1,133 @@
+# The module against the tool and the sample image: listing, tables, editing and saving.
+import json
+import re
+import struct
+
+import pytest
+
+import epromdatablock as ed
+
+
+def test_every_block_matches_the_tool_listing(sample_path, tool):
+    code, out = tool("list", "--json", sample_path)
+    assert code == 0
+    listed = json.loads(out)
+    image = ed.Image.open(sample_path)
+    assert len(image) == len(listed["blocks"]) == 14
+    for block, entry in zip(image.blocks, listed["blocks"]):
+        assert (block.offset, block.id, block.size, block.alignment) == (
+            entry["offset"], entry["id"], entry["size"], entry["alignment"])
+        assert block.name == (entry["textId"] or entry["className"])
+        assert (block.class_name, block.kind, block.is_end) == (
+            entry["className"], entry["kind"], entry["end"])
+        assert block.checksum == entry["checksum"]
+        if entry["crc32"] is None:
+            assert block.crc32 is None
+        else:
+            assert block.crc32 == {"stored": entry["crc32"]["stored"],
+                                   "computed": entry["crc32"]["computed"],
+                                   "ok": entry["crc32"]["ok"],
+                                   "event_counter": entry["crc32"]["eventCounter"]}
+    assert image.problems == [] and image.verify()
+    assert (image.end_offset, image.bytes_used, image.bytes_free) == (
+        listed["endOffset"], listed["used"], listed["free"])
+
+
+def sections(text):
+    """Table sections of an exported calibration text: name -> [(row key, [values])]."""
+    found = {}
+    for match in re.finditer(r"^ID:\s+(\S+)\n(?:(?!ID:).*\n)*?COUNT:\s+(\d+)\*(\d+)\n", text, re.M):
+        rows = int(match.group(2))
+        lines = text[match.end():].splitlines()[:rows]
+        found[match.group(1)] = [
+            (int(line.split(":")[0]), [float(v) for v in line.split(":")[1].split()])
+            for line in lines]
+    return found
+
+
+def test_tables_read_as_the_tool_exports_them(sample_path, tool):
+    code, text = tool("export", sample_path)
+    assert code == 0
+    exported = sections(text)
+    image = ed.Image.open(sample_path)
+    tables = [b for b in image.blocks if b.table is not None]
+    assert [b.id for b in tables] == [15730, 15731, 15842, 15843, 15715, 15716, 16002, 16003]
+    for block in tables:
+        rows = exported[block.name]
+        table = block.table
+        assert table.shape == (len(rows), len(rows[0][1]))
+        assert [[round(v, 3) for v in row] for row in table.cells] == [v for _, v in rows]
+        assert block.export() in text
+    index_table = image.find(15843).table
+    assert index_table.indexes == [key for key, _ in exported["RFBO_ATT_CAL_VEC_DATA"]]
+    assert image.find(15731).table.indexes is None
+
+
+def test_table_properties_are_those_of_its_class(sample_path):
+    image = ed.Image.open(sample_path)
+    level = image.find(15716).table
+    assert (level.rows, level.cols, level.capacity) == (2, 8, (2, 128))
+    assert (level.factor, level.raw_type) == (0.01, "int32")
+    assert level.raw[0] == [2050, 2025, 1980, 1940, 1890, 1825, 1760, 1700]
+    assert level.cells[1][3] == 1745 * 0.01
+    assert image.find(16003).table.descriptors[:3] == [
+        "USER_CAL        ", "NRP18S          ", "SN_101234       "]
+    assert image.find(15716).table.descriptors is None
+    assert image[0].table is None
+
+
+def test_set_cell_scales_cuts_toward_zero_and_keeps_the_checksum(sample_path):
+    image = ed.Image.open(sample_path)
+    block = image.find(15716)
+    block.table.set_cell(0, 1, 20.259)      # 2025.9 stored as 2025
+    block.table.set_cell(0, 2, -3.999)      # -399.9 stored as -399
+    block.table.set_raw(1, 7, 1234)
+    assert block.table.raw[0][:3] == [2050, 2025, -399]
+    assert block.table.raw[1][7] == 1234
+    assert block.ok and block.checksum["stored"] == block.checksum["computed"]
+    assert image.verify()
+
+
+def test_saved_edit_changes_only_its_block(scratch, tool):
+    original = scratch.read_bytes()
+    image = ed.Image.open(scratch)
+    image.find(15731).table.set_raw(2, 3, 2241)
+    image.save(scratch)
+    assert (scratch.parent / (scratch.name + ".bak")).read_bytes() == original
+    code, out = tool("verify", scratch)
+    assert code == 0 and out.startswith("ok: 13 blocks checked")
+    code, out = tool("diff", "--json", str(scratch) + ".bak", scratch)
+    changes = json.loads(out)["differences"]
+    assert [(c["id"], c["kind"]) for c in changes] == [(15731, "changed")]
+    new = scratch.read_bytes()
+    cell = 0xA4 + 16 + (2 * 10 + 3) * 4
+    assert new[cell:cell + 4] == struct.pack("<i", 2241)
+    # The checksum's low byte and the cell's low byte, nothing else.
+    assert [i for i in range(len(new)) if new[i] != original[i]] == [0xA4 + 4, cell]
+    assert new[0xA4 + 4:0xA4 + 6] == struct.pack("<H", image[5].checksum["computed"])
+    assert image.diff(ed.Image.from_bytes(original)) == [
+        {"kind": "changed", "id": 15731, "offset_a": 0xA4, "offset_b": 0xA4,
+         "header_changes": [("checksum", image[5].checksum["stored"], 28185)],
+         "bytes_changed": 1}]
+
+
+def test_save_without_backup_writes_no_bak(scratch):
+    ed.Image.open(scratch).save(scratch, backup=False)
+    assert not (scratch.parent / (scratch.name + ".bak")).exists()
+
+
+def test_import_plans_and_applies_an_edited_section(sample_path):
+    image = ed.Image.open(sample_path)
+    text = image.export()
+    plan = image.plan_import(text)
+    assert plan.changed_count == 0
+    assert {b.outcome for b in plan.blocks} == {"unchanged"}
+    assert [s.name for s in plan.skipped][:2] == ["IDENT_2", "SERVICE_200"]
+
+    edited = text.replace("1: \t1812.000\t1820.000", "1: \t1812.000\t1821.000")
+    plan = image.plan_import(edited)
+    changed = [b for b in plan.blocks if b.outcome == "changed"]
+    assert [(b.id, b.note) for b in changed] == [(15731, "1 cell changed, checksum 0x6e19 -> 0x6e18")]
+    image.apply_import(plan)
+    assert image.find(15731).table.raw[0][:2] == [1812, 1821]
+    assert image.verify()
