@@ -234,10 +234,14 @@ PYBIND11_MODULE(epromdatablock, m) {
         .def_readonly("offset", &ImageProblem::offset,
                       "Offset in the image where the problem was found.")
         .def_readonly("text", &ImageProblem::text, "What is wrong, in words.")
-        .def("__str__", [](const ImageProblem& p) { return p.text; })
-        .def("__repr__", [](const ImageProblem& p) {
-            return QStringLiteral("<Problem at %1: %2>").arg(hex16(p.offset), p.text);
-        });
+        .def(
+            "__str__", [](const ImageProblem& p) { return p.text; }, "The problem's text.")
+        .def(
+            "__repr__",
+            [](const ImageProblem& p) {
+                return QStringLiteral("<Problem at %1: %2>").arg(hex16(p.offset), p.text);
+            },
+            "A readable one-line description.");
 
     py::class_<Table>(m, "Table",
                       "The calibration table of one block. Reads always show the image as it is "
@@ -314,17 +318,20 @@ PYBIND11_MODULE(epromdatablock, m) {
             py::arg("row"), py::arg("col"), py::arg("raw"),
             "Sets a cell to a stored value as it is (integers only for integer tables). "
             "IndexError outside the table, ValueError when the value does not fit.")
-        .def("__repr__", [](const Table& t) {
-            const TableContent c = t.content();
-            return QStringLiteral("<Table %1 %2*%3 of %4*%5 %6, factor %7>")
-                .arg(t.image->name(t.index))
-                .arg(c.rows)
-                .arg(c.cols)
-                .arg(c.maxRows)
-                .arg(c.maxCols)
-                .arg(QString::fromStdString(c.rawType))
-                .arg(c.factor);
-        });
+        .def(
+            "__repr__",
+            [](const Table& t) {
+                const TableContent c = t.content();
+                return QStringLiteral("<Table %1 %2*%3 of %4*%5 %6, factor %7>")
+                    .arg(t.image->name(t.index))
+                    .arg(c.rows)
+                    .arg(c.cols)
+                    .arg(c.maxRows)
+                    .arg(c.maxCols)
+                    .arg(QString::fromStdString(c.rawType))
+                    .arg(c.factor);
+            },
+            "A readable one-line description.");
 
     py::class_<Block>(m, "Block",
                       "One block of an image's chain with the outcome of its checks, read live "
@@ -399,7 +406,7 @@ PYBIND11_MODULE(epromdatablock, m) {
         .def(
             "export", [](const Block& b) { return exportBlock(*b.image, b.index); },
             "The block's section of a calibration file, in the form of its own class.")
-        .def("__repr__", &blockRepr);
+        .def("__repr__", &blockRepr, "A readable one-line description.");
 
     py::class_<ImportedBlock>(m, "ImportedBlock", "What a calibration text does to one block.")
         .def_readonly("index", &ImportedBlock::index, "Position in the image's chain.")
@@ -420,24 +427,30 @@ PYBIND11_MODULE(epromdatablock, m) {
             "What the reader had to say about the section, summarised.")
         .def_readonly("before", &ImportedBlock::before, "The stored block.")
         .def_readonly("after", &ImportedBlock::after, "The new block (changed blocks only).")
-        .def("__repr__", [](const ImportedBlock& b) {
-            return QStringLiteral("<ImportedBlock %1 at %2 %3: %4%5>")
-                .arg(b.id)
-                .arg(hex16(b.offset), b.name, QLatin1String(outcomeName(b.outcome)),
-                     b.note.isEmpty() ? QString() : QStringLiteral(", ") + b.note);
-        });
+        .def(
+            "__repr__",
+            [](const ImportedBlock& b) {
+                return QStringLiteral("<ImportedBlock %1 at %2 %3: %4%5>")
+                    .arg(b.id)
+                    .arg(hex16(b.offset), b.name, QLatin1String(outcomeName(b.outcome)),
+                         b.note.isEmpty() ? QString() : QStringLiteral(", ") + b.note);
+            },
+            "A readable one-line description.");
 
     py::class_<SkippedSection>(m, "SkippedSection",
                                "A section of a calibration text that the import does not read.")
         .def_readonly("name", &SkippedSection::name, "The section's name.")
         .def_readonly("line", &SkippedSection::line, "Line of its 'ID:' line.")
         .def_readonly("reason", &SkippedSection::reason, "Why it is not read.")
-        .def("__repr__", [](const SkippedSection& s) {
-            return QStringLiteral("<SkippedSection %1 (line %2): %3>")
-                .arg(s.name)
-                .arg(s.line)
-                .arg(s.reason);
-        });
+        .def(
+            "__repr__",
+            [](const SkippedSection& s) {
+                return QStringLiteral("<SkippedSection %1 (line %2): %3>")
+                    .arg(s.name)
+                    .arg(s.line)
+                    .arg(s.reason);
+            },
+            "A readable one-line description.");
 
     py::class_<ImportPlan>(m, "ImportPlan",
                            "What a calibration text would do to an image, block by block.")
@@ -455,12 +468,15 @@ PYBIND11_MODULE(epromdatablock, m) {
             "Sections that are not read back.")
         .def_property_readonly("changed_count", &ImportPlan::changedCount,
                                "How many blocks the text changes.")
-        .def("__repr__", [](const ImportPlan& p) {
-            return QStringLiteral("<ImportPlan %1 blocks, %2 changed, %3 sections skipped>")
-                .arg(p.blocks.size())
-                .arg(p.changedCount())
-                .arg(p.skipped.size());
-        });
+        .def(
+            "__repr__",
+            [](const ImportPlan& p) {
+                return QStringLiteral("<ImportPlan %1 blocks, %2 changed, %3 sections skipped>")
+                    .arg(p.blocks.size())
+                    .arg(p.changedCount())
+                    .arg(p.skipped.size());
+            },
+            "A readable one-line description.");
 
     py::class_<EepromImage, ImagePtr>(
         m, "Image",
@@ -599,7 +615,7 @@ PYBIND11_MODULE(epromdatablock, m) {
             "How the blocks of `other` differ from this image's, as dicts with 'kind' "
             "('changed', 'removed', 'added'), 'id', 'offset_a', 'offset_b', 'header_changes' "
             "[(field, before, after)] and 'bytes_changed'.")
-        .def("__repr__", &imageRepr);
+        .def("__repr__", &imageRepr, "A readable one-line description.");
 
     m.def(
         "catalogue",
