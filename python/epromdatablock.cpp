@@ -74,6 +74,25 @@ QString pathText(const std::filesystem::path& path) {
     return QString::fromStdString(path.string());
 }
 
+// Text the library prints is bytes: UTF-8 where it is valid, any other byte kept as a lone
+// surrogate ("surrogateescape"), so that the text encodes back to the same bytes.
+py::str text(const std::string& bytes) {
+    PyObject* decoded = PyUnicode_DecodeUTF8(bytes.data(), static_cast<Py_ssize_t>(bytes.size()),
+                                             "surrogateescape");
+    if (decoded == nullptr)
+        throw py::error_already_set();
+    return py::reinterpret_steal<py::str>(decoded);
+}
+
+QByteArray textBytes(const py::str& text) {
+    PyObject* encoded = PyUnicode_AsEncodedString(text.ptr(), "utf-8", "surrogateescape");
+    if (encoded == nullptr)
+        throw py::error_already_set();
+    const py::bytes bytes = py::reinterpret_steal<py::bytes>(encoded);
+    return QByteArray(PyBytes_AS_STRING(bytes.ptr()),
+                      static_cast<int>(PyBytes_GET_SIZE(bytes.ptr())));
+}
+
 [[noreturn]] void raiseOSError(const QString& message) {
     PyErr_SetString(PyExc_OSError, message.toUtf8().constData());
     throw py::error_already_set();
@@ -298,7 +317,12 @@ PYBIND11_MODULE(epromdatablock, m) {
             "descriptors",
             [](const Table& t) -> py::object {
                 const TableContent c = t.content();
-                return c.hasDescriptors ? py::cast(c.descriptors) : py::none();
+                if (!c.hasDescriptors)
+                    return py::none();
+                py::list descriptors;
+                for (const std::string& descriptor : c.descriptors)
+                    descriptors.append(text(descriptor));
+                return std::move(descriptors);
             },
             "Descriptors of a table with descriptors; None for other tables.")
         .def(
@@ -404,7 +428,7 @@ PYBIND11_MODULE(epromdatablock, m) {
             "to_bytes", [](const Block& b) { return b.image->blockBytes(b.index); },
             "The block's own bytes, exactly its size.")
         .def(
-            "export", [](const Block& b) { return exportBlock(*b.image, b.index); },
+            "export", [](const Block& b) { return text(exportBlock(*b.image, b.index)); },
             "The block's section of a calibration file, in the form of its own class.")
         .def("__repr__", &blockRepr, "A readable one-line description.");
 
@@ -563,7 +587,7 @@ PYBIND11_MODULE(epromdatablock, m) {
                 if (ids)
                     for (quint16 id : *ids)
                         chosen.insert(id);
-                return exportImage(image, chosen);
+                return text(exportImage(image, chosen));
             },
             py::arg("ids") = py::none(),
             "The image as a calibration text, every block in the form of its own class; only "
@@ -574,8 +598,8 @@ PYBIND11_MODULE(epromdatablock, m) {
             py::arg("text"))
         .def(
             "plan_import",
-            [](const EepromImage& image, const QString& text) {
-                return plan(image, text.toUtf8());
+            [](const EepromImage& image, const py::str& calibration) {
+                return plan(image, textBytes(calibration));
             },
             py::arg("text"),
             "What a calibration text (str or bytes) would do to the image's tables, block by "

@@ -34,4 +34,5 @@ def tool():
         done = subprocess.run([binary, *map(str, arguments)], capture_output=True, text=True)
         return done.returncode, done.stdout
 
+    run.binary = binary
     return run

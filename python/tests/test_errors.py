@@ -1,5 +1,7 @@
 # Bad input of every kind: damaged images listed as problems, wrong calls as Python exceptions.
+import random
 import struct
+import subprocess
 
 import pytest
 
@@ -113,3 +115,40 @@ def test_file_errors_raise_os_error(tmp_path, sample_path):
     assert str(raised.value) == f"cannot write {tmp_path}: Is a directory"
     with pytest.raises(OSError, match="^cannot write .*missing/out.eeprom: "):
         ed.Image.open(sample_path).save(tmp_path / "missing" / "out.eeprom")
+
+
+def test_export_keeps_bytes_that_are_not_utf8(scratch, tool):
+    data = bytearray(scratch.read_bytes())
+    at = data.index(b"RF-BOARD 6G")
+    data[at:at + 2] = b"\x9d\xe4"
+    scratch.write_bytes(bytes(data))
+    image = ed.Image.open(scratch)
+    exported = image.export()
+    assert "\udc9d\udce4-BOARD 6G" in exported
+    assert exported.encode("utf-8", "surrogateescape") == subprocess.run(
+        [tool.binary, "export", str(scratch)], capture_output=True).stdout
+    assert image.plan_import(exported).changed_count == 0
+
+
+def test_mutated_samples_never_fail_outside_the_documented_errors(sample_path):
+    data = open(sample_path, "rb").read()
+    rng = random.Random(15)
+    for _ in range(300):
+        mutated = bytearray(data[:rng.choice([16, 200, 3000, len(data)])])
+        for _ in range(rng.randint(1, 6)):
+            mutated[rng.randrange(len(mutated))] = rng.randrange(256)
+        image = ed.Image.from_bytes(bytes(mutated))
+        repr(image)
+        for block in image.blocks:
+            repr(block), block.checksum, block.crc32, block.export()
+            table = block.table
+            if table is not None:
+                repr(table), table.cells, table.raw, table.indexes, table.descriptors
+                try:
+                    table.set_raw(0, 0, 1)
+                except (IndexError, ValueError):
+                    pass
+        try:
+            image.plan_import(image.export())
+        except ValueError:
+            pass
