@@ -197,6 +197,20 @@ TEST(Tool, ImportWritesTheImageAndKeepsABackup) {
     EXPECT_EQ(tool.read("image.bin"), edited.bytes());
     EXPECT_EQ(tool.read("image.bin.bak"), original);
 
+    // The backup holds what the target held, whatever that was; a folder where the backup
+    // belongs stops the write before the target is touched.
+    tool.write("new.bin", "older content");
+    ASSERT_EQ(tool.run({"import", "image.bin", "cal.txt", "-o", "new.bin"}).exitCode, 0);
+    EXPECT_EQ(tool.read("new.bin.bak"), "older content");
+    QFile::remove(tool.path("new.bin.bak"));
+    tool.write("new.bin", "older content");
+    QDir(tool.path(".")).mkdir("new.bin.bak");
+    const ToolResult blocked = tool.run({"import", "image.bin", "cal.txt", "-o", "new.bin"});
+    EXPECT_EQ(blocked.exitCode, 3);
+    EXPECT_TRUE(blocked.err.startsWith("epromtool: cannot write new.bin.bak: "));
+    EXPECT_EQ(tool.read("new.bin"), "older content");
+    QDir(tool.path(".")).rmdir("new.bin.bak");
+
     QFile::remove(tool.path("image.bin.bak"));
     tool.write("image.bin", original);
     const ToolResult noBackup = tool.run({"import", "image.bin", "cal.txt", "--no-backup"});
@@ -272,6 +286,11 @@ TEST(Tool, ShowDiffAndSample) {
     EXPECT_EQ(own.out,
               headline + "\n" +
                   QString::fromStdString(exportBlock(EepromImage::fromBytes(goodImage()), 0)));
+    // Chosen blocks are exported in chain order, whatever the order of the ids.
+    const ToolResult some = tool.run({"export", "good.bin", "--id", "20001", "--id", "0x2710"});
+    EXPECT_EQ(some.exitCode, 0);
+    EXPECT_EQ(some.out.toStdString(), exportBlock(EepromImage::fromBytes(goodImage()), 1) +
+                                          exportBlock(EepromImage::fromBytes(goodImage()), 2));
     const ToolResult none = tool.run({"show", "good.bin", "--id", "7"});
     EXPECT_EQ(none.exitCode, 2);
     EXPECT_EQ(none.err, "epromtool: good.bin: no block with id 7\n");
