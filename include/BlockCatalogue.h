@@ -56,7 +56,7 @@ namespace blockCatalogue {
 EPROMDATABLOCK_EXPORT BlockKindInfo describe(quint16 id);
 // The kind alone, without building the names.
 EPROMDATABLOCK_EXPORT BlockKind kindOf(quint16 id);
-// Every id that has a class of its own below the self-describing range, ascending.
+// Every id that has a class of its own in the directory, ascending (the end block last).
 EPROMDATABLOCK_EXPORT std::vector<quint16> knownIds();
 // "identification", "calibration table", ...
 EPROMDATABLOCK_EXPORT const char* kindName(BlockKind kind);

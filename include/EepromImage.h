@@ -93,8 +93,8 @@ public:
     int bytesFree() const { return chainBroken() ? 0 : image.size() - used; }
 
     // Replaces block `index` with `block` (a whole image of one block, header included). The
-    // image keeps its length: a larger block eats free space, a smaller one leaves 0xFF behind
-    // the end block. False, with `error`, when the chain is broken, the index is not a data
+    // image keeps its length: the free bytes follow the new end block as they were, cut short
+    // at the end of the image when the chain grew, filled up with 0xFF there when it shrank. False, with `error`, when the chain is broken, the index is not a data
     // block, the new block is not a block image, or the chain would no longer fit.
     bool replaceBlock(int index, const QByteArray& block, QString& error);
     // Replaces several blocks at once, by index; all or nothing.

@@ -1,35 +1,76 @@
 // Runs the built epromtool in a scratch directory of its own and reads back what it left.
 #pragma once
 
-#include <QByteArray>
-#include <QString>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
 #include <QStringList>
 #include <QTemporaryDir>
-#include <ostream>
 
 namespace Tupsim {
 namespace test {
 
 struct ToolResult {
-    int exitCode = -1;
+    int exitCode = -1; // -1: did not finish normally
     QString out;
     QString err;
-    QStringList outLines() const;
+    QStringList outLines() const {
+        QStringList lines = out.split(QLatin1Char('\n'));
+        if (!lines.isEmpty() && lines.last().isEmpty())
+            lines.removeLast();
+        return lines;
+    }
 };
 
 class ToolHarness {
 public:
-    ToolHarness();
+    ToolHarness() {
+        // QProcess wants an application object; the tests have none of their own.
+        static int argc = 1;
+        static char name[] = "test_tool";
+        static char* argv[] = {name, nullptr};
+        if (QCoreApplication::instance() == nullptr)
+            new QCoreApplication(argc, argv);
+    }
 
     QString path(const QString& name) const { return dir.filePath(name); }
-    void write(const QString& name, const QByteArray& bytes) const;
-    QByteArray read(const QString& name) const;
-    bool exists(const QString& name) const;
+    void write(const QString& name, const QByteArray& bytes) const {
+        QFile file(path(name));
+        if (file.open(QIODevice::WriteOnly))
+            file.write(bytes);
+    }
+    QByteArray read(const QString& name) const {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    // The names in the scratch directory, sorted.
+    QStringList entries() const {
+        return QDir(dir.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name);
+    }
     // Runs epromtool with the scratch directory as working directory.
-    ToolResult run(const QStringList& arguments) const;
+    ToolResult run(const QStringList& arguments) const {
+        QProcess process;
+        process.setWorkingDirectory(dir.path());
+        process.start(QStringLiteral(EPROMTOOL_BINARY), arguments);
+        ToolResult result;
+        if (!process.waitForFinished(-1) || process.exitStatus() != QProcess::NormalExit)
+            return result;
+        result.exitCode = process.exitCode();
+        result.out = QString::fromUtf8(process.readAllStandardOutput());
+        result.err = QString::fromUtf8(process.readAllStandardError());
+        return result;
+    }
     // The text of a golden file under tests/data/tool. With EPROM_UPDATE_GOLDENS set in the
     // environment the file is first rewritten with `actual`: how the goldens are regenerated.
-    static QString golden(const QString& name, const QString& actual);
+    static QString golden(const QString& name, const QString& actual) {
+        QFile file(QStringLiteral(EPROM_TEST_DATA_DIR "/tool/") + name);
+        if (qEnvironmentVariableIsSet("EPROM_UPDATE_GOLDENS") && file.open(QIODevice::WriteOnly)) {
+            file.write(actual.toUtf8());
+            file.close();
+        }
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
 
 private:
     QTemporaryDir dir;
@@ -37,8 +78,3 @@ private:
 
 } // namespace test
 } // namespace Tupsim
-
-// Readable failure messages for Qt strings.
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}

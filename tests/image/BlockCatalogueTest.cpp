@@ -1,0 +1,114 @@
+// The block catalogue against the classes themselves: the text ids they print, the classes the
+// directory holds, and what it says about ids outside its table.
+#include "support/TestImages.h"
+
+#include <BlockCatalogue.h>
+#include <HwDatablockOldStyleInterpreter.h>
+#include <cxxabi.h>
+#include <gtest/gtest.h>
+#include <memory>
+#include <sstream>
+#include <typeinfo>
+
+using namespace Tupsim;
+
+namespace {
+
+// What a block prints behind the first "ID:" that opens a line, trimmed; "<none>" without one.
+std::string printedId(HwDatablock& block) {
+    std::ostringstream out;
+    block.printToStream(out);
+    std::istringstream in(out.str());
+    for (std::string line; std::getline(in, line);) {
+        if (line.compare(0, 3, "ID:") != 0)
+            continue;
+        const std::size_t first = line.find_first_not_of(" \t", 3);
+        const std::size_t last = line.find_last_not_of(" \t\r");
+        return first == std::string::npos ? std::string() : line.substr(first, last - first + 1);
+    }
+    return "<none>";
+}
+
+std::string demangled(const std::type_info& type) {
+    int status = 0;
+    std::unique_ptr<char, void (*)(void*)> name(
+        abi::__cxa_demangle(type.name(), nullptr, nullptr, &status), std::free);
+    return status == 0 ? name.get() : type.name();
+}
+
+} // namespace
+
+TEST(BlockCatalogue, EveryTextIdIsWhatItsClassPrints) {
+    const std::vector<quint16> ids = blockCatalogue::knownIds();
+    ASSERT_GT(ids.size(), 200u);
+    EXPECT_TRUE(std::is_sorted(ids.begin(), ids.end()));
+    EXPECT_EQ(ids.back(), 65535); // the end block; no self-describing id is listed
+    EXPECT_LT(ids[ids.size() - 2], 20000);
+    for (quint16 id : ids) {
+        SCOPED_TRACE(id);
+        const BlockKindInfo info = blockCatalogue::describe(id);
+        EXPECT_EQ(info.id, id);
+        EXPECT_TRUE(info.known());
+        // A fresh image: the header of the id and zeros, so every count is 0.
+        QByteArray image(4096, '\0');
+        image[0] = static_cast<char>(id & 0xFF);
+        image[1] = static_cast<char>(id >> 8);
+        image[3] = 0x10;
+        test::sealChecksum(image);
+        const std::unique_ptr<HwDatablock> block = blockCatalogue::makeBlock(id, image);
+        const std::string printed = printedId(*block);
+        if (printed == "<none>" && info.kind == BlockKind::Opaque)
+            continue; // a plain dump of the bytes
+        EXPECT_EQ(info.textId, printed == "<none>" ? "" : printed) << info.className;
+    }
+}
+
+TEST(BlockCatalogue, ClassesAreTheDirectorysAndOtherIdsAreDescribed) {
+    HwDatablockOldStyleInterpreter directory;
+    const struct {
+        quint16 id;
+        const char* className;
+        BlockKind kind;
+    } pinned[] = {
+        {2, "HwDatablockIdent", BlockKind::Identification},
+        {100, "HwDatablockModification", BlockKind::Modification},
+        {209, "HwDatablockServiceData", BlockKind::Service},
+        {300, "HwDatablockStatistic", BlockKind::Statistic},
+        {10000, "HwDatablockSsynOcxoRefCalValue", BlockKind::CalibrationRecord},
+        {10002, "HwDatablockSsynOpuLevelFreq", BlockKind::Opaque},
+        {11300, "HwDatablockSAttCCounter", BlockKind::Counter},
+        // The directory keeps 14801 with the rear phase class, not the table catalogue's.
+        {14801, "HwDatablockDacbIqImbalanceRearPh", BlockKind::Opaque},
+        {14802, "HwDatablockMbrdIqInputB", BlockKind::CalibrationTable},
+        {15731, "HwDatablockOroRfboAlcData", BlockKind::CalibrationTable},
+        {65535, "HwDatablockEnd", BlockKind::End},
+    };
+    for (const auto& pin : pinned) {
+        SCOPED_TRACE(pin.id);
+        const BlockKindInfo info = blockCatalogue::describe(pin.id);
+        EXPECT_STREQ(info.className, pin.className);
+        EXPECT_EQ(info.kind, pin.kind);
+        ASSERT_EQ(directory.getDictionary().count(pin.id), 1u);
+        EXPECT_EQ(demangled(typeid(*directory.getDictionary().at(pin.id))),
+                  std::string("Tupsim::") + pin.className);
+    }
+    EXPECT_EQ(blockCatalogue::describe(65535).textId, "END");
+    EXPECT_EQ(blockCatalogue::describe(15731).name(), "RFBO_ALC_DATA");
+
+    const BlockKindInfo self = blockCatalogue::describe(20010);
+    EXPECT_STREQ(self.className, "HwDatablock2Edition");
+    EXPECT_EQ(self.textId, "USER_20010");
+    EXPECT_EQ(self.kind, BlockKind::SelfDescribing);
+    EXPECT_FALSE(self.readsBack);
+    EXPECT_EQ(blockCatalogue::describe(65534).textId, "USER_65534");
+
+    for (quint16 id : {0, 1, 11, 19999}) {
+        const BlockKindInfo unknown = blockCatalogue::describe(id);
+        EXPECT_EQ(unknown.id, id);
+        EXPECT_FALSE(unknown.known()) << id;
+        EXPECT_STREQ(unknown.className, "HwDatablock");
+        EXPECT_EQ(unknown.name(), "HwDatablock");
+        EXPECT_EQ(typeid(*blockCatalogue::makeBlock(id, test::bytesOf({0, 0, 8, 0, 0, 0, 0, 0}))),
+                  typeid(HwDatablock));
+    }
+}

@@ -1,0 +1,192 @@
+// EepromImage: the chain walk and its breaks, the checks of every block, block replacement.
+#include "support/TestImages.h"
+
+#include <EepromImage.h>
+#include <gtest/gtest.h>
+
+using namespace Tupsim;
+using namespace Tupsim::test;
+
+namespace {
+
+QStringList problemLines(const EepromImage& image) {
+    QStringList lines;
+    for (const ImageProblem& problem : image.problems())
+        lines << QStringLiteral("%1: %2").arg(problem.offset).arg(problem.text);
+    return lines;
+}
+
+} // namespace
+
+TEST(EepromImage, BrokenChainsNameWhatBrokeThemAndWhere) {
+    for (const BrokenChain& c : brokenChains()) {
+        SCOPED_TRACE(c.what);
+        const EepromImage image = EepromImage::fromBytes(c.image);
+        EXPECT_TRUE(image.chainBroken());
+        EXPECT_FALSE(image.ok());
+        EXPECT_EQ(problemLines(image),
+                  QStringList(QStringLiteral("%1: %2").arg(c.offset).arg(c.problem)));
+        EXPECT_EQ(image.chainProblems().size(), 1);
+        EXPECT_EQ(image.dataBlockCount(), c.blocksRead);
+        EXPECT_EQ(image.blockCount(), c.blocksRead);
+        EXPECT_EQ(image.endOffset(), -1);
+        EXPECT_EQ(image.bytesUsed(), 0);
+        EXPECT_EQ(image.bytesFree(), 0);
+        EXPECT_EQ(image.bytes(), c.image);
+    }
+    EXPECT_EQ(problemLines(EepromImage()), QStringList("0: the image is empty"));
+}
+
+TEST(EepromImage, SampleChainAndSpace) {
+    const EepromImage image = EepromImage::fromBytes(example("sample.eeprom"));
+    ASSERT_EQ(image.size(), 32768);
+    EXPECT_TRUE(image.ok());
+    EXPECT_TRUE(image.problems().isEmpty());
+    EXPECT_EQ(image.blockCount(), 14);
+    EXPECT_EQ(image.dataBlockCount(), 13);
+    EXPECT_EQ(image.endOffset(), 0x2d1c);
+    EXPECT_EQ(image.bytesUsed(), 0x2d1c + 4);
+    EXPECT_EQ(image.bytesFree(), 32768 - 0x2d20);
+    EXPECT_TRUE(image.block(13).isEnd);
+    EXPECT_EQ(image.block(13).size, 4);
+    EXPECT_FALSE(image.block(13).hasChecksum);
+    EXPECT_EQ(image.block(5).id, 15731);
+    EXPECT_EQ(image.block(5).offset, 0xa4);
+    EXPECT_EQ(image.blockBytes(5).size(), 176);
+    EXPECT_EQ(image.name(5), "RFBO_ALC_DATA");
+    EXPECT_EQ(image.name(12), "USER_20010");
+    EXPECT_EQ(image.find(15731), 5);
+    EXPECT_EQ(image.find(15731, 6), -1);
+    EXPECT_EQ(image.find(7), -1);
+}
+
+TEST(EepromImage, ChecksumAndCrcAgreeWithIndependentSums) {
+    QByteArray calib = calibBlock();
+    calib[9] = 0x22; // payload changed, checksum left stale
+    QByteArray rows = selfDescribingBlock();
+    rows[14] = 0x05; // the checksum is re-sealed, the CRC is not
+    sealChecksum(rows);
+    // The event-counter mark 0x452D0000 + size stands in for a CRC.
+    const QByteArray counter = sealed(bytesOf(
+        {0x22, 0x4E, 0x10, 0x00, 0, 0, 0, 0, 0x10, 0x00, 0x2D, 0x45, 0x07, 0x00, 0x00, 0x00}));
+    const QByteArray wrongMark = sealed(bytesOf(
+        {0x22, 0x4E, 0x10, 0x00, 0, 0, 0, 0, 0x11, 0x00, 0x2D, 0x45, 0x07, 0x00, 0x00, 0x00}));
+    QByteArray twelve = bytesOf({0x20, 0x4E, 0x0C, 0x00, 0, 0, 0, 0, 0, 0, 0, 0}); // CRC of 0..3
+    sealCrc(twelve);
+    sealChecksum(twelve);
+    const QByteArray eleven = sealed(bytesOf({0x20, 0x4E, 0x0B, 0x00, 0, 0, 0, 0, 0, 0, 0}));
+    const QByteArray eight = sealed(bytesOf({0x20, 0x4E, 0x08, 0x00, 0, 0, 0, 0}));
+    const QByteArray blocks[] = {identBlock(), calib,  rows,   counter,
+                                 wrongMark,    twelve, eleven, eight};
+    QByteArray bytes;
+    for (const QByteArray& block : blocks)
+        bytes += block;
+    const EepromImage image = EepromImage::fromBytes(bytes + endBlock());
+    ASSERT_EQ(image.blockCount(), 9);
+
+    const struct {
+        bool checksumOk, hasCrc, crcOk, eventCounter;
+    } expected[] = {{true, false, true, false}, {false, false, true, false},
+                    {true, true, false, false}, {true, true, true, true},
+                    {true, true, false, false}, {true, true, true, false},
+                    {true, true, false, false}, {true, true, false, false}};
+    for (int i = 0; i < 8; ++i) {
+        SCOPED_TRACE(i);
+        const ImageBlock& b = image.block(i);
+        EXPECT_EQ(b.storedChecksum, word(blocks[i], 4));
+        EXPECT_EQ(b.computedChecksum, word(sealed(blocks[i]), 4));
+        EXPECT_EQ(b.checksumOk, expected[i].checksumOk);
+        EXPECT_EQ(b.hasCrc, expected[i].hasCrc);
+        EXPECT_EQ(b.crcOk, expected[i].crcOk);
+        EXPECT_EQ(b.eventCounter, expected[i].eventCounter);
+        if (b.hasCrc && blocks[i].size() >= 12) {
+            EXPECT_EQ(b.storedCrc, crcField(blocks[i]));
+            EXPECT_EQ(b.computedCrc, crcOf(blocks[i]));
+        }
+        EXPECT_EQ(b.ok(), expected[i].checksumOk && expected[i].crcOk);
+    }
+    EXPECT_EQ(problemLines(image),
+              QStringList({QStringLiteral("16: block 10000: checksum BAD (stored %1, computed %2)")
+                               .arg(hex4(word(calib, 4)), hex4(word(sealed(calib), 4))),
+                           QStringLiteral("28: block 20001: CRC-32 BAD (stored %1, computed %2)")
+                               .arg(hex8(crcField(rows)), hex8(crcOf(rows))),
+                           QStringLiteral("64: block 20002: CRC-32 BAD (stored 0x452d0011, "
+                                          "computed %1)")
+                               .arg(hex8(crcOf(wrongMark))),
+                           "92: block 20000: CRC-32 BAD (11 bytes cannot hold one)",
+                           "103: block 20000: CRC-32 BAD (8 bytes cannot hold one)"}));
+    EXPECT_FALSE(image.ok());
+    EXPECT_FALSE(image.chainBroken());
+    EXPECT_EQ(image.endOffset(), 111);
+}
+
+TEST(EepromImage, TableCountsAboveItsCapacityFailWithARightChecksum) {
+    const EepromImage image = EepromImage::fromBytes(sampleWithAlcRows(5));
+    const ImageBlock& table = image.block(5);
+    EXPECT_TRUE(table.checksumOk);
+    EXPECT_EQ(table.overCapacity, "counts 5*10 exceed the capacity 4*10");
+    EXPECT_FALSE(table.ok());
+    EXPECT_FALSE(image.ok());
+    EXPECT_EQ(problemLines(image),
+              QStringList("164: block 15731: counts 5*10 exceed the capacity 4*10"));
+}
+
+TEST(EepromImage, ReplacingBlocksKeepsTheImageLength) {
+    const QByteArray original = goodImage(); // 52 bytes of chain, 12 free
+    const auto resized = [](int payload) {
+        QByteArray block = calibBlock().left(8) + QByteArray(payload, '\x01');
+        block[2] = static_cast<char>(8 + payload);
+        return sealed(block);
+    };
+    const auto replaced = [&](const QByteArray& block, QString* error = nullptr) {
+        EepromImage image = EepromImage::fromBytes(original);
+        QString reason;
+        const bool done = image.replaceBlock(1, block, reason);
+        if (error != nullptr)
+            *error = done ? QStringLiteral("<replaced>") : reason;
+        EXPECT_EQ(image.size(), original.size());
+        return image.bytes();
+    };
+    const QByteArray tail = selfDescribingBlock() + endBlock();
+    // Growing eats free space, up to all of it; shrinking leaves erased bytes at the end.
+    EXPECT_EQ(hex(replaced(resized(14))),
+              hex(identBlock() + resized(14) + tail + QByteArray(2, '\xFF')));
+    EXPECT_EQ(hex(replaced(resized(16))), hex(identBlock() + resized(16) + tail));
+    EXPECT_EQ(hex(replaced(resized(0))),
+              hex(identBlock() + resized(0) + tail + QByteArray(16, '\xFF')));
+    EXPECT_EQ(EepromImage::fromBytes(replaced(resized(0))).endOffset(), 44);
+
+    const struct {
+        QByteArray block;
+        const char* error;
+    } refused[] = {
+        {resized(17), "the new chain needs 65 bytes, the image holds 64"},
+        {calibBlock() + bytesOf({0}), "the new block 1 of 13 bytes is not a block image"},
+        {calibBlock().left(7), "the new block 1 of 7 bytes is not a block image"},
+        {sealed(bytesOf({0xFF, 0xFF, 0x08, 0x00, 0, 0, 0, 0})),
+         "the new block 1 of 8 bytes is not a block image"},
+    };
+    for (const auto& c : refused) {
+        QString error;
+        EXPECT_EQ(replaced(c.block, &error), original);
+        EXPECT_EQ(error, c.error);
+    }
+
+    EepromImage image = EepromImage::fromBytes(original);
+    QString error;
+    EXPECT_FALSE(image.replaceBlock(3, calibBlock(), error)); // the end block
+    EXPECT_EQ(error, "there is no data block 3");
+    EXPECT_FALSE(image.replaceBlock(-1, calibBlock(), error));
+    EXPECT_EQ(error, "there is no data block -1");
+    // All or nothing: a good replacement does not happen beside a refused one.
+    EXPECT_FALSE(image.replaceBlocks({{0, identBlock()}, {1, resized(17)}}, error));
+    EXPECT_EQ(image.bytes(), original);
+    ASSERT_TRUE(image.replaceBlocks({{0, identBlock()}, {1, resized(4)}}, error));
+    EXPECT_EQ(image.bytes(), identBlock() + resized(4) + tail + QByteArray(12, '\xFF'));
+
+    const QByteArray broken = brokenChains()[6].image;
+    EepromImage chainless = EepromImage::fromBytes(broken);
+    EXPECT_FALSE(chainless.replaceBlock(1, calibBlock(), error));
+    EXPECT_EQ(error, "the chain is broken");
+    EXPECT_EQ(chainless.bytes(), broken);
+}

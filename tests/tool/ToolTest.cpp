@@ -1,0 +1,311 @@
+// epromtool end to end: report text and exit codes, what the writing commands leave on disk, and
+// that a broken chain or a malformed file never gets anything written.
+#include "ToolHarness.h"
+#include "support/TestImages.h"
+
+#include <EepromImage.h>
+#include <ImageExport.h>
+#include <ImageImport.h>
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <gtest/gtest.h>
+
+using namespace Tupsim;
+using namespace Tupsim::test;
+
+namespace {
+
+const QString kAlc = QStringLiteral("ID:  RFBO_ALC_DATA");
+
+} // namespace
+
+TEST(Tool, ListAndVerifyMatchTheirGoldens) {
+    ToolHarness tool;
+    tool.write("sample.eeprom", example("sample.eeprom"));
+    tool.write("good.bin", goodImage());
+    const struct {
+        const char* command;
+        const char* image;
+        const char* golden;
+    } cases[] = {{"list", "sample.eeprom", "sample_list.txt"},
+                 {"verify", "sample.eeprom", "sample_verify.txt"},
+                 {"list", "good.bin", "list_good.txt"},
+                 {"verify", "good.bin", "verify_good.txt"}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.golden);
+        const ToolResult result = tool.run({c.command, c.image});
+        EXPECT_EQ(result.exitCode, 0);
+        EXPECT_EQ(result.out, ToolHarness::golden(c.golden, result.out));
+        EXPECT_EQ(result.err, "");
+    }
+}
+
+TEST(Tool, FailedChecksExitWithOne) {
+    ToolHarness tool;
+    QByteArray calib = calibBlock();
+    calib[9] = 0x22; // checksum left stale
+    tool.write("bad.bin", identBlock() + calib + selfDescribingBlock() + endBlock());
+    const ToolResult verify = tool.run({"verify", "bad.bin"});
+    EXPECT_EQ(verify.exitCode, 1);
+    EXPECT_EQ(verify.outLines(),
+              QStringList({QStringLiteral("0x0010: block 10000: checksum BAD (stored %1, "
+                                          "computed %2)")
+                               .arg(hex4(word(calib, 4)), hex4(word(sealed(calib), 4))),
+                           "FAILED: 1 problem in 3 blocks, end block at 0x0030"}));
+    const ToolResult list = tool.run({"list", "bad.bin"});
+    EXPECT_EQ(list.exitCode, 1);
+    EXPECT_EQ(list.outLines().value(2),
+              "0x0010  10000  SSYN_OCXO_REF_CAL_VALUE     12  BAD       -");
+    // Exported all the same, with the failure on stderr and in the exit code.
+    const ToolResult exported = tool.run({"export", "bad.bin", "-o", "cal.txt"});
+    EXPECT_EQ(exported.exitCode, 1);
+    EXPECT_TRUE(exported.err.startsWith("epromtool: bad.bin: 0x0010: block 10000: checksum BAD"));
+    EXPECT_EQ(tool.entries(), QStringList({"bad.bin", "cal.txt"}));
+}
+
+TEST(Tool, BrokenChainsExitWithTwoAndNothingIsWritten) {
+    ToolHarness tool;
+    for (const BrokenChain& c : brokenChains()) {
+        SCOPED_TRACE(c.what);
+        const QString problem = QStringLiteral("%1: %2").arg(hex4(c.offset), c.problem);
+        tool.write("broken.bin", c.image);
+        const ToolResult verify = tool.run({"verify", "broken.bin"});
+        EXPECT_EQ(verify.exitCode, 2);
+        EXPECT_EQ(verify.outLines(),
+                  QStringList({problem, QStringLiteral("FAILED: chain broken at %1 after %2 "
+                                                       "block%3, 1 problem")
+                                            .arg(hex4(c.offset))
+                                            .arg(c.blocksRead)
+                                            .arg(c.blocksRead == 1 ? "" : "s")}));
+        const ToolResult list = tool.run({"list", "broken.bin"});
+        EXPECT_EQ(list.exitCode, 2);
+        EXPECT_TRUE(list.outLines().contains(problem));
+
+        const ToolResult exported = tool.run({"export", "broken.bin", "-o", "cal.txt"});
+        EXPECT_EQ(exported.exitCode, 2);
+        EXPECT_EQ(exported.err, "epromtool: broken.bin: " + problem +
+                                    "\nepromtool: broken.bin: the chain is broken, nothing "
+                                    "exported\n");
+        EXPECT_EQ(tool.entries(), QStringList("broken.bin"));
+        tool.write("in.txt", example("sample.cal"));
+        const ToolResult imported = tool.run({"import", "broken.bin", "in.txt"});
+        EXPECT_EQ(imported.exitCode, 2);
+        EXPECT_TRUE(imported.err.endsWith(
+            "epromtool: broken.bin: the chain is broken, nothing imported\n"));
+        EXPECT_EQ(imported.out, "");
+        EXPECT_EQ(tool.read("broken.bin"), c.image);
+        EXPECT_EQ(tool.entries(), QStringList({"broken.bin", "in.txt"}));
+        QFile::remove(tool.path("in.txt"));
+    }
+}
+
+// Unreadable input exits with 2, an unwritable output with 3, a wrong command line with 64: one
+// line on stderr each, and nothing written.
+TEST(Tool, BadPathsAndCommandLines) {
+    ToolHarness tool;
+    tool.write("good.bin", goodImage());
+    tool.write("cal.txt", exportImage(EepromImage::fromBytes(goodImage())).c_str());
+    tool.write("blocker", "a file where a folder should be");
+    QDir(tool.path(".")).mkdir("folder");
+    const struct {
+        QStringList arguments;
+        int exitCode;
+        const char* err; // the start of the line
+    } cases[] = {
+        {{"list", "nope.bin"}, 2, "cannot read nope.bin: No such file or directory\n"},
+        {{"verify", "folder"}, 2, "cannot read folder: Is a directory\n"},
+        {{"import", "good.bin", "folder"}, 2, "cannot read folder: Is a directory\n"},
+        {{"export", "good.bin", "--id", "2", "--id", "9", "-o", "x.txt"},
+         2,
+         "good.bin: no block with id 9\n"},
+        {{"export", "good.bin", "-o", "blocker/cal.txt"}, 3, "cannot write blocker/cal.txt: "},
+        {{"import", "good.bin", "cal.txt", "-o", "blocker/new.bin"},
+         3,
+         "cannot write blocker/new.bin: "},
+        {{"import", "good.bin", "cal.txt", "-o", "folder"},
+         3,
+         "cannot write folder: Is a directory; folder left as it is\n"},
+        {{"sample", "-o", "blocker/s.eeprom"}, 3, "cannot write blocker/s.eeprom: "},
+        {{}, 64, "no command given (see 'epromtool --help')\n"},
+        {{"frob"}, 64, "unknown command 'frob' (see 'epromtool --help')\n"},
+        {{"list"}, 64, "list: missing IMAGE (see 'epromtool list --help')\n"},
+        {{"list", "a", "b"}, 64, "list: unexpected argument 'b' (see 'epromtool list --help')\n"},
+        {{"import", "good.bin"}, 64, "import: missing CALFILE (see 'epromtool import --help')\n"},
+        {{"show", "good.bin"}, 64, "show: missing --id N (see 'epromtool show --help')\n"},
+        {{"show", "good.bin", "--id", "65536"},
+         64,
+         "show: '65536' is not a block id (see 'epromtool show --help')\n"},
+        {{"export", "good.bin", "--id", "0xZZ", "-o", "x.txt"},
+         64,
+         "export: '0xZZ' is not a block id (see 'epromtool export --help')\n"},
+        {{"sample"}, 64, "sample: missing -o FILE (see 'epromtool sample --help')\n"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.arguments.join(' ').toStdString());
+        const ToolResult result = tool.run(c.arguments);
+        EXPECT_EQ(result.exitCode, c.exitCode);
+        EXPECT_TRUE(result.err.startsWith(QStringLiteral("epromtool: ") + c.err))
+            << result.err.toStdString();
+        EXPECT_EQ(result.err.count('\n'), 1);
+        if (c.exitCode != 3) // a failed import still tells what it would have done
+            EXPECT_EQ(result.out, "");
+    }
+    EXPECT_EQ(tool.entries(), QStringList({"blocker", "cal.txt", "folder", "good.bin"}));
+    EXPECT_EQ(tool.read("good.bin"), goodImage());
+    const ToolResult help = tool.run({"--help"});
+    EXPECT_EQ(help.exitCode, 0);
+    EXPECT_TRUE(help.out.contains("  64  usage error"));
+}
+
+TEST(Tool, ImportWritesTheImageAndKeepsABackup) {
+    ToolHarness tool;
+    const QByteArray original = example("sample.eeprom");
+    tool.write("image.bin", original);
+    tool.write("cal.txt", sampleCalWithEditedCell());
+    EepromImage edited = EepromImage::fromBytes(original);
+    QString error;
+    ASSERT_TRUE(applyImport(edited, planImport(edited, tool.read("cal.txt")), error));
+    ASSERT_NE(edited.bytes(), original);
+
+    const ToolResult dry = tool.run({"import", "image.bin", "cal.txt", "--dry-run"});
+    EXPECT_EQ(dry.exitCode, 0);
+    EXPECT_EQ(dry.outLines().last(), "dry run: image.bin left as it is");
+    EXPECT_EQ(tool.entries(), QStringList({"cal.txt", "image.bin"}));
+    EXPECT_EQ(tool.read("image.bin"), original);
+
+    const ToolResult copy = tool.run({"import", "image.bin", "cal.txt", "-o", "new.bin"});
+    EXPECT_EQ(copy.exitCode, 0);
+    EXPECT_EQ(copy.outLines().last(), "wrote new.bin");
+    EXPECT_EQ(tool.read("new.bin"), edited.bytes());
+    EXPECT_EQ(tool.entries(), QStringList({"cal.txt", "image.bin", "new.bin"}));
+
+    const ToolResult inPlace = tool.run({"import", "image.bin", "cal.txt"});
+    EXPECT_EQ(inPlace.exitCode, 0);
+    const QStringList lines = inPlace.outLines();
+    EXPECT_TRUE(lines.contains(
+        QStringLiteral("block 15731 at 0x00a4 RFBO_ALC_DATA: 1 cell "
+                       "changed, checksum %1 -> %2")
+            .arg(hex4(word(original, 0xa4 + 4)), hex4(word(edited.bytes(), 0xa4 + 4)))));
+    EXPECT_TRUE(lines.contains("block 15730 at 0x006c RFBO_ALC_FREQ: unchanged"));
+    EXPECT_TRUE(lines.contains(
+        "section IDENT_2 (line 2): identification blocks are not imported, left as it was"));
+    EXPECT_EQ(lines.mid(lines.size() - 2),
+              QStringList({"8 of 13 blocks have a section in cal.txt, 1 replaced",
+                           "wrote image.bin, previous kept as image.bin.bak"}));
+    EXPECT_EQ(tool.read("image.bin"), edited.bytes());
+    EXPECT_EQ(tool.read("image.bin.bak"), original);
+
+    // The backup holds what the target held, whatever that was; a folder where the backup
+    // belongs stops the write before the target is touched.
+    tool.write("new.bin", "older content");
+    ASSERT_EQ(tool.run({"import", "image.bin", "cal.txt", "-o", "new.bin"}).exitCode, 0);
+    EXPECT_EQ(tool.read("new.bin.bak"), "older content");
+    QFile::remove(tool.path("new.bin.bak"));
+    tool.write("new.bin", "older content");
+    QDir(tool.path(".")).mkdir("new.bin.bak");
+    const ToolResult blocked = tool.run({"import", "image.bin", "cal.txt", "-o", "new.bin"});
+    EXPECT_EQ(blocked.exitCode, 3);
+    EXPECT_TRUE(blocked.err.startsWith("epromtool: cannot write new.bin.bak: "));
+    EXPECT_EQ(tool.read("new.bin"), "older content");
+    QDir(tool.path(".")).rmdir("new.bin.bak");
+
+    QFile::remove(tool.path("image.bin.bak"));
+    tool.write("image.bin", original);
+    const ToolResult noBackup = tool.run({"import", "image.bin", "cal.txt", "--no-backup"});
+    EXPECT_EQ(noBackup.outLines().last(), "wrote image.bin");
+    EXPECT_EQ(tool.read("image.bin"), edited.bytes());
+    EXPECT_EQ(tool.entries(), QStringList({"cal.txt", "image.bin", "new.bin"}));
+}
+
+TEST(Tool, MalformedSectionGivesOneLineAndWritesNothing) {
+    ToolHarness tool;
+    tool.write("image.bin", example("sample.eeprom"));
+    tool.write("cal.txt", editLine(example("sample.cal"), kAlc, "COUNT:", "COUNT:  5*10"));
+    const ToolResult import = tool.run({"import", "image.bin", "cal.txt"});
+    EXPECT_EQ(import.exitCode, 2);
+    EXPECT_EQ(import.err, "epromtool: cal.txt: section RFBO_ALC_DATA, line 53: row count 5 above "
+                          "the capacity 4; nothing written\n");
+    EXPECT_EQ(import.out, "");
+    EXPECT_EQ(tool.read("image.bin"), example("sample.eeprom"));
+    EXPECT_EQ(tool.entries(), QStringList({"cal.txt", "image.bin"}));
+}
+
+TEST(Tool, JsonListingHasEveryBlockField) {
+    ToolHarness tool;
+    tool.write("good.bin", goodImage());
+    const ToolResult list = tool.run({"list", "--json", "good.bin"});
+    ASSERT_EQ(list.exitCode, 0);
+    const QJsonObject root = QJsonDocument::fromJson(list.out.toUtf8()).object();
+    EXPECT_EQ(root["image"].toString(), "good.bin");
+    const char* numbers[][2] = {{"imageSize", "64"},
+                                {"endOffset", "48"},
+                                {"used", "52"},
+                                {"free", "12"},
+                                {"exitCode", "0"}};
+    for (const auto& n : numbers)
+        EXPECT_EQ(root[n[0]].toInt(), atoi(n[1])) << n[0];
+    EXPECT_EQ(root["problems"].toArray(), QJsonArray());
+    const QJsonArray blocks = root["blocks"].toArray();
+    ASSERT_EQ(blocks.size(), 4);
+    const QJsonObject sd = blocks[2].toObject();
+    EXPECT_EQ(sd["offset"].toInt(), 28);
+    EXPECT_EQ(sd["id"].toInt(), 20001);
+    EXPECT_EQ(sd["size"].toInt(), 20);
+    EXPECT_EQ(sd["alignment"].toInt(), 0);
+    EXPECT_EQ(sd["className"].toString(), "HwDatablock2Edition");
+    EXPECT_EQ(sd["textId"].toString(), "USER_20001");
+    EXPECT_EQ(sd["kind"].toString(), "self-describing");
+    EXPECT_FALSE(sd["end"].toBool());
+    const unsigned checksum = word(selfDescribingBlock(), 4);
+    EXPECT_EQ(sd["checksum"].toObject(),
+              QJsonObject({{"stored", int(checksum)}, {"computed", int(checksum)}, {"ok", true}}));
+    const qint64 crc = crcField(selfDescribingBlock());
+    EXPECT_EQ(
+        sd["crc32"].toObject(),
+        QJsonObject({{"stored", crc}, {"computed", crc}, {"ok", true}, {"eventCounter", false}}));
+    EXPECT_TRUE(blocks[1].toObject()["crc32"].isNull());
+    EXPECT_TRUE(blocks[3].toObject()["end"].toBool());
+    EXPECT_TRUE(blocks[3].toObject()["checksum"].isNull());
+}
+
+TEST(Tool, ShowDiffAndSample) {
+    ToolHarness tool;
+    tool.write("good.bin", goodImage());
+    const QString headline = QStringLiteral("block 2 at 0x0000: HwDatablockIdent IDENT_2, 16 "
+                                            "bytes, alignment 0, checksum %1 ok")
+                                 .arg(hex4(word(identBlock(), 4)));
+    const ToolResult hexDump = tool.run({"show", "good.bin", "--id", "2", "--hex"});
+    EXPECT_EQ(hexDump.exitCode, 0);
+    EXPECT_EQ(hexDump.outLines(),
+              QStringList({headline, "0000  " + identBlock().left(8).toHex(' ') + "  " +
+                                         identBlock().mid(8).toHex(' ')}));
+    const ToolResult own = tool.run({"show", "good.bin", "--id", "0x0002"});
+    EXPECT_EQ(own.exitCode, 0);
+    EXPECT_EQ(own.out,
+              headline + "\n" +
+                  QString::fromStdString(exportBlock(EepromImage::fromBytes(goodImage()), 0)));
+    // Chosen blocks are exported in chain order, whatever the order of the ids.
+    const ToolResult some = tool.run({"export", "good.bin", "--id", "20001", "--id", "0x2710"});
+    EXPECT_EQ(some.exitCode, 0);
+    EXPECT_EQ(some.out.toStdString(), exportBlock(EepromImage::fromBytes(goodImage()), 1) +
+                                          exportBlock(EepromImage::fromBytes(goodImage()), 2));
+    const ToolResult none = tool.run({"show", "good.bin", "--id", "7"});
+    EXPECT_EQ(none.exitCode, 2);
+    EXPECT_EQ(none.err, "epromtool: good.bin: no block with id 7\n");
+
+    QByteArray second = goodImage();
+    second[24] = 0x55; // a payload byte of block 10000, checksum left stale
+    tool.write("b.bin", second);
+    const ToolResult diff = tool.run({"diff", "good.bin", "b.bin"});
+    EXPECT_EQ(diff.exitCode, 1);
+    EXPECT_EQ(diff.outLines(), QStringList({"changed block 10000 at 0x0010: 1 payload byte changed",
+                                            "1 difference: 1 changed, 0 removed, 0 added"}));
+    EXPECT_EQ(tool.run({"diff", "good.bin", "good.bin"}).outLines(),
+              QStringList("no differences in 3 blocks"));
+
+    ASSERT_EQ(tool.run({"sample", "-o", "s.eeprom"}).exitCode, 0);
+    // On a mismatch `make examples` regenerates the examples.
+    EXPECT_TRUE(tool.read("s.eeprom") == example("sample.eeprom"));
+}
