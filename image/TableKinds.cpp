@@ -210,13 +210,15 @@ template <class Block> struct Adapter {
         content.integral = std::is_integral<Raw>::value;
         const quint32 rows = content.shownRows();
         const quint32 cols = content.shownCols();
-        const auto* record = block.getBlock();
+        // Read from the image itself, which may be shorter than the class's record: cells
+        // beyond its end read 0, as the class's getters read them.
+        using Record = typename Block::HwSDatablock;
         for (quint32 row = 0; row < rows; ++row)
             for (quint32 col = 0; col < cols; ++col) {
-                Raw stored;
-                std::memcpy(&stored, &record->values[row][col], sizeof stored);
+                const std::size_t offset =
+                    offsetof(Record, values) + (row * capacity().cols + col) * sizeof(Raw);
                 content.values.push_back(static_cast<double>(block.getCalValue(row, col)));
-                content.raw.push_back(static_cast<double>(stored));
+                content.raw.push_back(static_cast<double>(bytes::getLE<Raw>(image, offset)));
             }
         contentExtras(block, rows, content);
     }

@@ -33,7 +33,7 @@ def test_hostile_table_counts_are_reported_and_read_within_capacity():
         "block 15731: counts 4294967295*7 exceed the capacity 4*10"]
     table = image[0].table
     assert (table.rows, table.cols, table.shape) == (4294967295, 7, (4, 7))
-    assert table.cells == [[0.0] * 7] * 4
+    assert table.cells == [[0.0] * 7] * 4 and table.raw == [[0] * 7] * 4
     assert image[0].over_capacity == "counts 4294967295*7 exceed the capacity 4*10"
 
 
