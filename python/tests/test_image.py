@@ -116,18 +116,24 @@ def test_save_without_backup_writes_no_bak(scratch):
     assert not (scratch.parent / (scratch.name + ".bak")).exists()
 
 
-def test_import_plans_and_applies_an_edited_section(sample_path):
+def test_import_plan_is_the_tools_report_and_applies(sample_path, tool, tmp_path):
     image = ed.Image.open(sample_path)
     text = image.export()
-    plan = image.plan_import(text)
-    assert plan.changed_count == 0
-    assert {b.outcome for b in plan.blocks} == {"unchanged"}
-    assert [s.name for s in plan.skipped][:2] == ["IDENT_2", "SERVICE_200"]
+    assert image.plan_import(text).changed_count == 0
 
     edited = text.replace("1: \t1812.000\t1820.000", "1: \t1812.000\t1821.000")
+    calibration = tmp_path / "edited.cal"
+    calibration.write_text(edited)
+    code, out = tool("import", "--dry-run", "--json", sample_path, calibration)
+    report = json.loads(out)
     plan = image.plan_import(edited)
-    changed = [b for b in plan.blocks if b.outcome == "changed"]
-    assert [(b.id, b.note) for b in changed] == [(15731, "1 cell changed, checksum 0x6e19 -> 0x6e18")]
+    assert [{"id": b.id, "offset": b.offset, "name": b.name, "outcome": b.outcome,
+             "note": b.note, "complaints": b.complaints} for b in plan.blocks] == report["blocks"]
+    assert [{"name": s.name, "line": s.line, "reason": s.reason}
+            for s in plan.skipped] == report["skippedSections"]
+    assert plan.changed_count == report["replaced"] == 1
+    changed = next(b for b in plan.blocks if b.outcome == "changed")
+    assert (changed.id, changed.note) == (15731, "1 cell changed, checksum 0x6e19 -> 0x6e18")
     image.apply_import(plan)
     assert image.find(15731).table.raw[0][:2] == [1812, 1821]
     assert image.verify()
