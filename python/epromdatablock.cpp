@@ -248,6 +248,7 @@ std::string imageRepr(const EepromImage& image) {
 PYBIND11_MODULE(epromdatablock, m) {
     m.doc() = "EEPROM images of the datablock library: blocks and their checks, calibration "
               "tables, calibration text export and import, and the block catalogue.";
+    m.attr("__version__") = EPROM_VERSION;
 
     py::class_<ImageProblem>(m, "Problem", "One thing found wrong in an image, at its offset.")
         .def_readonly("offset", &ImageProblem::offset,

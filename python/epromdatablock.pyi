@@ -7,6 +7,8 @@ from typing import Dict, List, Optional, Sequence, Tuple, Union
 
 _Path = Union[str, "os.PathLike[str]"]
 
+__version__: str
+
 class Problem:
     """One thing found wrong in an image, at its offset."""
     @property
