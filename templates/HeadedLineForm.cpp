@@ -47,7 +47,7 @@ void writeHeadedLineForm(std::ostream& out, const HeadedLineForm& form, const Ta
     blankComments(text, 5);
     if (rows == 0)
         text += '\n';
-    const PrintedExtent shown = printedExtent(rows, cols, cells.rowCapacity(), cells.colCapacity());
+    const PrintedExtent shown = printedExtent(cells);
     for (quint32 r = 0; r < shown.rows; ++r) {
         text += rowNumber(r + 1);
         text += ":  ";

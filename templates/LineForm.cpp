@@ -231,7 +231,7 @@ void writeLineForm(std::ostream& out, const std::string& name, const TableCells&
     const quint32 cols = cells.colCount();
     std::string text = "ID:  " + name + '\n';
     text += "COUNT:  " + std::to_string(rows) + '*' + std::to_string(cols) + '\n';
-    const PrintedExtent shown = printedExtent(rows, cols, cells.rowCapacity(), cells.colCapacity());
+    const PrintedExtent shown = printedExtent(cells);
     for (quint32 r = 0; r < shown.rows; ++r) {
         appendDecimal(text, cells.rowIndex(r));
         text += ": ";

@@ -182,6 +182,14 @@ public:
     qint32 rowIndex(quint32 row) const override { return table.index(row); }
     quint32 rowCapacity() const override { return shape.maxRows; }
     quint32 colCapacity() const override { return shape.maxCols; }
+    quint32 rowsHeld() const override {
+        const std::uint64_t size = static_cast<std::uint64_t>(image.size());
+        const std::uint64_t rowBytes = std::uint64_t(shape.maxCols) * shape.rawSize;
+        if (size <= shape.valuesOffset() || rowBytes == 0)
+            return 0;
+        return static_cast<quint32>(
+            std::min<std::uint64_t>(shape.maxRows, (size - shape.valuesOffset()) / rowBytes));
+    }
 
 private:
     static bool matches(TValue cell, TValue value, int op, quint32 row, quint32& result) {

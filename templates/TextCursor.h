@@ -3,6 +3,8 @@
 // std::from_chars.
 #pragma once
 
+#include "EpromDatablockGlobal.h"
+
 #include <cstddef>
 #include <istream>
 #include <string>
@@ -11,15 +13,17 @@ namespace Tupsim {
 namespace detail {
 
 // The whole content of `in` from its start; the stream stands at its start afterwards.
-std::string slurp(std::istream& in);
+EPROMDATABLOCK_EXPORT std::string slurp(std::istream& in);
 
 // A read position in text with the failbit and eofbit of an input stream. Every operation
 // behaves as the std::istream operation named beside it would on an istringstream of the
-// same text: what it consumes, what it stores, which state bits it sets.
-class TextCursor {
+// same text: what it consumes, what it stores, which state bits it sets. Exported for the tests
+// that hold it against the streams.
+class EPROMDATABLOCK_EXPORT TextCursor {
 public:
     TextCursor(const char* text, std::size_t size) : begin(text), end(text + size), at(text) {}
     explicit TextCursor(const std::string& text) : TextCursor(text.data(), text.size()) {}
+    explicit TextCursor(std::string&&) = delete; // the cursor does not own its text
 
     bool good() const { return !failed && !ended; }
     bool fail() const { return failed; }

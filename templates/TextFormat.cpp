@@ -51,11 +51,15 @@ bool skipZeroFraction(TextCursor& in) {
     return false;
 }
 
-PrintedExtent printedExtent(quint32 rows, quint32 cols, quint32 maxRows, quint32 maxCols) {
-    const quint64 capacity = quint64(maxRows) * maxCols;
+PrintedExtent printedExtent(const TableCells& cells) {
+    const quint32 rows = cells.rowCount();
+    const quint32 cols = cells.colCount();
+    const quint64 capacity = quint64(cells.rowCapacity()) * cells.colCapacity();
+    // A row without columns still prints a line: it counts as one cell.
     if (quint64(rows) * std::max<quint32>(cols, 1) <= std::max<quint64>(capacity, 1))
         return {rows, cols};
-    return {std::min(rows, maxRows), std::min(cols, maxCols)};
+    return {std::min({rows, cells.rowCapacity(), cells.rowsHeld()}),
+            std::min(cols, cells.colCapacity())};
 }
 
 } // namespace detail

@@ -161,7 +161,7 @@ void writeTokenBody(std::ostream& out, const TableCells& cells, const TokenStyle
     const quint32 rows = cells.rowCount();
     const quint32 cols = cells.colCount();
     std::string text = "COUNT:  " + std::to_string(rows) + '*' + std::to_string(cols) + '\n';
-    const PrintedExtent shown = printedExtent(rows, cols, cells.rowCapacity(), cells.colCapacity());
+    const PrintedExtent shown = printedExtent(cells);
     const auto value = [&](quint32 r, quint32 c) {
         appendFixed(text, cells.cell(r, c), style.precision, 0, style.bufferSize);
     };

@@ -11,6 +11,7 @@
 
 #include "templates/HwDatablockTemplate.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <sstream>
 #include <type_traits>
@@ -413,4 +414,34 @@ TEST(TokenFormReadSection, NegativeCountsPassSearchascii) {
     EXPECT_EQ(data.getCalValue(0, 0), 5);
     EXPECT_EQ(data.readSection(in, data).code, TextReadStatus::CountNegative);
     EXPECT_EQ(data.getColCount(), 0xFFFFFFFFu);
+}
+
+// Counts that describe more cells than the table holds print the count line as stored and the
+// rows and columns of the capacity only; within the capacity's cell count nothing changes.
+TEST(BoundedPrinting, TokenFormStopsAtTheCapacity) {
+    AlcData data = alcData();
+    data.setRowCount(4);
+    data.setColCount(10);
+    const std::string full = printed(data);
+    const std::string fullCounts = "COUNT:  4*10";
+    data.setRowCount(5);
+    std::string expected = full;
+    expected.replace(expected.find(fullCounts), fullCounts.size(), "COUNT:  5*10");
+    EXPECT_EQ(printed(data), expected);
+
+    data.setRowCount(0xFFFFFFFFu);
+    data.setColCount(0xFFFFFFFFu);
+    expected = full;
+    expected.replace(expected.find(fullCounts), fullCounts.size(), "COUNT:  4294967295*4294967295");
+    EXPECT_EQ(printed(data), expected);
+
+    // One line per cell when the rows outnumber the columns: at most the 40 cells held.
+    data.setColCount(3);
+    const std::string vector = printed(data);
+    EXPECT_EQ(std::count(vector.begin(), vector.end(), '\n'), 2 + 4 * 3 + 1);
+    EXPECT_EQ(vector.substr(vector.size() - 22), "\n4:  0.000\n4:  0.000\n\n");
+
+    // A row count with no columns would print empty lines without end.
+    data.setColCount(0);
+    EXPECT_EQ(printed(data), "ID:  RFBO_ALC_DATA\nCOUNT:  4294967295*0\n\n");
 }
