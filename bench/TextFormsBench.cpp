@@ -68,7 +68,7 @@ Sample sample(const std::string& name, int precision, std::shared_ptr<Block> blo
 std::vector<Sample> samples() {
     using IntTable = HwDatablockBaseTemplate<int, int, 5, 350>;
     using FreqVector = HwDatablockBaseTemplate<unsigned int, double, 750, 1>;
-    using FloatTable = HwDatablockBaseTemplate<float, float, 50, 4>;
+    using DoubleVector = HwDatablockBaseTemplate<double, double, 200, 1>;
     using WexW = HwDatablockBaseTemplateWexW<float, double, 50, 7>;
     using Index = HwDatablockBaseTemplateIndex<int, int, 40, 200>;
     using Misc = HwDatablockTemplate<MiscData<int, 50, 200>, int, double, 50, 200>;
@@ -77,8 +77,8 @@ std::vector<Sample> samples() {
         sample("int", 3, std::make_shared<IntTable>("RFBO_TABLE", 15000, 0, 1.0, false), 5, 350),
         sample("freq", 3, std::make_shared<FreqVector>("FREQ_VECTOR", 15001, 0, 100.0, false), 750,
                1),
-        sample("float", 3, std::make_shared<FloatTable>("FLOAT_TABLE", 15002, 0, 1.0, false), 50,
-               4),
+        sample("double", 3, std::make_shared<DoubleVector>("DOUBLE_VECTOR", 15002, 0, 1.0, false),
+               200, 1),
         sample("wexw", 10, std::make_shared<WexW>(wexwName, 15606, 0, 1.0, false), 50, 7),
         sample("index", 3, std::make_shared<Index>("INDEX_TABLE", 15003, 0, 1.0, false), 40, 200),
         sample("misc", 5, std::make_shared<Misc>("MISC_TABLE", 12304, 0, 0.25, false), 50, 200),

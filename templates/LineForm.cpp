@@ -185,9 +185,8 @@ ParsedLines scanLineSection(std::istream& in, const LineDialect& dialect, quint3
 
 ParsedLines readLineSection(std::istream& in, const LineDialect& dialect, quint32 maxRows,
                             quint32 maxCols) {
-    return scanLineSection(in, dialect, maxRows, maxCols, [](long long, const std::string& text) {
-        std::cout << text << std::endl;
-    });
+    return scanLineSection(in, dialect, maxRows, maxCols,
+                           [](long long, const std::string& text) { std::cout << text << '\n'; });
 }
 
 ParsedLines readLineSection(std::istream& in, const LineDialect& dialect, quint32 maxRows,

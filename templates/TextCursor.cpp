@@ -110,39 +110,6 @@ bool TextCursor::seek(std::size_t to) {
     return true;
 }
 
-long long TextCursor::tell() {
-    if (!good()) {
-        failed = true;
-        return -1;
-    }
-    return static_cast<long long>(offset());
-}
-
-int TextCursor::peek() {
-    if (!good()) {
-        failed = true;
-        return std::char_traits<char>::eof();
-    }
-    if (at == end) {
-        ended = true;
-        return std::char_traits<char>::eof();
-    }
-    return static_cast<unsigned char>(*at);
-}
-
-bool TextCursor::get(char& c) {
-    if (!good()) {
-        failed = true;
-        return false;
-    }
-    if (at == end) {
-        ended = failed = true;
-        return false;
-    }
-    c = *at++;
-    return true;
-}
-
 bool TextCursor::skipTo(char wanted) {
     if (!good()) {
         failed = true;

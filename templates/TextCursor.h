@@ -39,10 +39,40 @@ public:
     // seekg: clears eofbit; no move on a failed cursor.
     bool seek(std::size_t to);
     // tellg: -1 and failbit when the cursor is not good.
-    long long tell();
+    long long tell() {
+        if (!good()) {
+            failed = true;
+            return -1;
+        }
+        return static_cast<long long>(offset());
+    }
 
-    int peek();        // peek()
-    bool get(char& c); // get(c)
+    // peek()
+    int peek() {
+        if (!good()) {
+            failed = true;
+            return std::char_traits<char>::eof();
+        }
+        if (at == end) {
+            ended = true;
+            return std::char_traits<char>::eof();
+        }
+        return static_cast<unsigned char>(*at);
+    }
+
+    // get(c)
+    bool get(char& c) {
+        if (!good()) {
+            failed = true;
+            return false;
+        }
+        if (at == end) {
+            ended = failed = true;
+            return false;
+        }
+        c = *at++;
+        return true;
+    }
     // get(c) until c is `wanted`; false when the text ends first.
     bool skipTo(char wanted);
     void skipSpace(); // >> std::ws
