@@ -70,9 +70,11 @@ class LineSectionReader {
 public:
     LineSectionReader(const LineDialect& dialect, quint32 maxRows, quint32 maxCols,
                       const ComplaintSink& complain)
-        : dialect(dialect), maxRows(maxRows), maxCols(maxCols), complain(complain) {}
+        : dialect(dialect), maxRows(maxRows), maxCols(maxCols), complain(complain),
+          tooManyLines("ERROR: " + dialect.linesMessage) {}
 
-    void line(std::string text) {
+    // `text` is the line without its newline; the reader may cut it.
+    void line(std::string& text) {
         parsed.lines = ++lineNumber;
         // The empty line that closes a section ends its rows; what follows is other blocks'.
         if (text.empty() && state == State::ReadingRows)
@@ -95,7 +97,7 @@ public:
                 parsed.countLine = lineNumber;
                 state = State::ReadingRows;
             } else if (++linesSinceId > dialect.linesAllowed) {
-                complain(lineNumber, "ERROR: " + dialect.linesMessage);
+                complain(lineNumber, tooManyLines);
             }
             break;
         case State::ReadingRows:
@@ -144,6 +146,7 @@ private:
     const quint32 maxRows;
     const quint32 maxCols;
     const ComplaintSink& complain;
+    const std::string tooManyLines;
     long long lineNumber = 0;
     State state = State::LookingForId;
     int linesSinceId = 0;
