@@ -88,7 +88,9 @@ std::string slurp(std::istream& in) {
     if (buffer == nullptr)
         return text;
     const std::streamoff size = buffer->pubseekoff(0, std::ios::end, std::ios::in);
-    buffer->pubseekpos(0, std::ios::in);
+    // A stream that can not rewind gives the readers nothing, as seekg(0) failing would.
+    if (buffer->pubseekpos(0, std::ios::in) == std::streampos(std::streamoff(-1)))
+        return text;
     if (size > 0)
         text.reserve(static_cast<std::size_t>(size));
     char chunk[1 << 14];

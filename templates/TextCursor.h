@@ -12,7 +12,8 @@
 namespace Tupsim {
 namespace detail {
 
-// The whole content of `in` from its start; the stream stands at its start afterwards.
+// The whole content of `in` from its start; the stream stands at its start afterwards. Empty
+// when the stream can not be rewound.
 EPROMDATABLOCK_EXPORT std::string slurp(std::istream& in);
 
 // A read position in text with the failbit and eofbit of an input stream. Every operation

@@ -445,3 +445,18 @@ TEST(BoundedPrinting, TokenFormStopsAtTheCapacity) {
     data.setColCount(0);
     EXPECT_EQ(printed(data), "ID:  RFBO_ALC_DATA\nCOUNT:  4294967295*0\n\n");
 }
+
+// A stream that can not be rewound holds no section for the readers, whatever follows in it.
+TEST(TokenFormReadSection, StreamThatCanNotRewindHoldsNothing) {
+    struct Unseekable : std::streambuf {
+        explicit Unseekable(std::string& text) { setg(&text[0], &text[0], &text[0] + text.size()); }
+    };
+    std::string text = "ID:  RFBO_ALC_DATA\nCOUNT:  1*1\n1: \t5.000\n\n";
+    Unseekable buffer(text);
+    std::istream in(&buffer);
+    AlcData data("RFBO_ALC_DATA", 15731, 0, 1.0, false);
+    const TextReadStatus status = data.readSection(in, data);
+    EXPECT_EQ(status.code, TextReadStatus::MissingKey);
+    EXPECT_EQ(status.message(), "can not find 'ID:'");
+    EXPECT_TRUE(in.fail());
+}
