@@ -10,9 +10,11 @@ namespace {
 const char* const kBlankComment = "#   ";
 const std::size_t kRowNumberWidth = 3;
 
-void blankComments(std::ostream& out, int lines) {
-    for (int i = 0; i < lines; ++i)
-        out << kBlankComment << '\n';
+void blankComments(std::string& out, int lines) {
+    for (int i = 0; i < lines; ++i) {
+        out += kBlankComment;
+        out += '\n';
+    }
 }
 
 // The row number as "%*d" prints it with width 3.
@@ -36,22 +38,27 @@ LineDialect headedLineDialect(const HeadedLineForm& form) {
 void writeHeadedLineForm(std::ostream& out, const HeadedLineForm& form, const TableCells& cells) {
     const quint32 rows = cells.rowCount();
     const quint32 cols = cells.colCount();
-    out << "#   Morvane, KIV - RF-Board - " << form.title << " - Data" << '\n';
-    blankComments(out, 4);
-    out << "ID:     " << form.key << '\n';
-    blankComments(out, 1);
-    out << "#       Parameter COUNT: <rows> * <columns>" << '\n';
-    out << "COUNT:  " << std::to_string(rows) << " * " << std::to_string(cols) << '\n';
-    blankComments(out, 5);
+    std::string text = std::string("#   Morvane, KIV - RF-Board - ") + form.title + " - Data\n";
+    blankComments(text, 4);
+    text += std::string("ID:     ") + form.key + '\n';
+    blankComments(text, 1);
+    text += "#       Parameter COUNT: <rows> * <columns>\n";
+    text += "COUNT:  " + std::to_string(rows) + " * " + std::to_string(cols) + '\n';
+    blankComments(text, 5);
     if (rows == 0)
-        out << '\n';
-    for (quint32 r = 0; r < printableCount(rows); ++r) {
-        out << rowNumber(r + 1) << ":  ";
-        for (quint32 c = 0; c < printableCount(cols); ++c)
-            out << "    " << fixedNumber(cells.cell(r, c), 10, 21);
-        out << '\n';
+        text += '\n';
+    const PrintedExtent shown = printedExtent(cells);
+    for (quint32 r = 0; r < shown.rows; ++r) {
+        text += rowNumber(r + 1);
+        text += ":  ";
+        for (quint32 c = 0; c < shown.cols; ++c) {
+            text += "    ";
+            appendFixed(text, cells.cell(r, c), 10, 21);
+        }
+        text += '\n';
     }
-    out << '\n';
+    text += '\n';
+    out << text;
 }
 
 } // namespace detail

@@ -6,8 +6,6 @@
 
 #include <cstdlib>
 #include <iostream>
-#include <locale>
-#include <sstream>
 
 namespace Tupsim {
 namespace detail {
@@ -50,10 +48,8 @@ void readCounts(std::string line, ParsedLines& parsed) {
 
 // Values one after another until none is left. Integer rows take "5.000" as 5, since the
 // writer prints integers with three decimals; "5.5" ends the row after the 5.
-std::vector<double> readValues(const std::string& text, bool decimals) {
-    std::istringstream in(text);
-    in.imbue(std::locale::classic());
-    std::vector<double> values;
+void readValues(const char* text, std::size_t size, bool decimals, std::vector<double>& values) {
+    TextCursor in(text, size);
     for (;;) {
         if (decimals) {
             double value = 0;
@@ -68,16 +64,17 @@ std::vector<double> readValues(const std::string& text, bool decimals) {
         values.push_back(static_cast<double>(value));
         skipZeroFraction(in);
     }
-    return values;
 }
 
 class LineSectionReader {
 public:
     LineSectionReader(const LineDialect& dialect, quint32 maxRows, quint32 maxCols,
                       const ComplaintSink& complain)
-        : dialect(dialect), maxRows(maxRows), maxCols(maxCols), complain(complain) {}
+        : dialect(dialect), maxRows(maxRows), maxCols(maxCols), complain(complain),
+          tooManyLines("ERROR: " + dialect.linesMessage) {}
 
-    void line(std::string text) {
+    // `text` is the line without its newline; the reader may cut it.
+    void line(std::string& text) {
         parsed.lines = ++lineNumber;
         // The empty line that closes a section ends its rows; what follows is other blocks'.
         if (text.empty() && state == State::ReadingRows)
@@ -100,7 +97,7 @@ public:
                 parsed.countLine = lineNumber;
                 state = State::ReadingRows;
             } else if (++linesSinceId > dialect.linesAllowed) {
-                complain(lineNumber, "ERROR: " + dialect.linesMessage);
+                complain(lineNumber, tooManyLines);
             }
             break;
         case State::ReadingRows:
@@ -133,8 +130,8 @@ private:
             return;
         }
         ParsedRow row;
-        row.label = decimal(text.substr(0, colon));
-        row.values = readValues(text.substr(colon + 1), dialect.headed);
+        row.label = decimal(text); // stops at the colon at the latest
+        readValues(text.data() + colon + 1, text.size() - colon - 1, dialect.headed, row.values);
         const qint64 read = static_cast<qint64>(row.values.size());
         ++rowsRead;
         if (read != parsed.colCount)
@@ -149,6 +146,7 @@ private:
     const quint32 maxRows;
     const quint32 maxCols;
     const ComplaintSink& complain;
+    const std::string tooManyLines;
     long long lineNumber = 0;
     State state = State::LookingForId;
     int linesSinceId = 0;
@@ -171,18 +169,27 @@ ParsedLines scanLineSection(std::istream& in, const LineDialect& dialect, quint3
                             quint32 maxCols, const ComplaintSink& complain) {
     in.clear();
     in.seekg(0);
+    const std::string text = slurp(in);
     LineSectionReader reader(dialect, maxRows, maxCols, complain);
-    std::string text;
-    while (std::getline(in, text))
-        reader.line(text);
+    // The lines as getline hands them out: a last line without its newline counts too.
+    std::string line;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t newline = text.find('\n', at);
+        const std::size_t stop = newline == std::string::npos ? text.size() : newline;
+        line.assign(text, at, stop - at);
+        reader.line(line);
+        at = stop + 1;
+    }
+    // Where getline leaves the stream: at the end, failed.
+    in.seekg(0, std::ios::end);
+    in.setstate(std::ios::eofbit | std::ios::failbit);
     return reader.finish();
 }
 
 ParsedLines readLineSection(std::istream& in, const LineDialect& dialect, quint32 maxRows,
                             quint32 maxCols) {
-    return scanLineSection(in, dialect, maxRows, maxCols, [](long long, const std::string& text) {
-        std::cout << text << std::endl;
-    });
+    return scanLineSection(in, dialect, maxRows, maxCols,
+                           [](long long, const std::string& text) { std::cout << text << '\n'; });
 }
 
 ParsedLines readLineSection(std::istream& in, const LineDialect& dialect, quint32 maxRows,
@@ -224,18 +231,21 @@ ParsedLines readLineSection(std::istream& in, const LineDialect& dialect, quint3
 void writeLineForm(std::ostream& out, const std::string& name, const TableCells& cells) {
     const quint32 rows = cells.rowCount();
     const quint32 cols = cells.colCount();
-    out << "ID:  " << name << '\n';
-    out << "COUNT:  " << std::to_string(rows) << '*' << std::to_string(cols) << '\n';
-    for (quint32 r = 0; r < printableCount(rows); ++r) {
-        out << std::to_string(cells.rowIndex(r)) << ": ";
-        for (quint32 c = 0; c < printableCount(cols); ++c) {
+    std::string text = "ID:  " + name + '\n';
+    text += "COUNT:  " + std::to_string(rows) + '*' + std::to_string(cols) + '\n';
+    const PrintedExtent shown = printedExtent(cells);
+    for (quint32 r = 0; r < shown.rows; ++r) {
+        appendDecimal(text, cells.rowIndex(r));
+        text += ": ";
+        for (quint32 c = 0; c < shown.cols; ++c) {
             // The value is cut to an integer before it is printed with three decimals.
-            const double whole = static_cast<double>(truncateTo<long long>(cells.cell(r, c)));
-            out << '\t' << fixedNumber(whole, 3);
+            text += '\t';
+            appendFixed(text, static_cast<double>(truncateTo<long long>(cells.cell(r, c))), 3);
         }
-        out << '\n';
+        text += '\n';
     }
-    out << '\n';
+    text += '\n';
+    out << text;
 }
 
 } // namespace detail

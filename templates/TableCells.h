@@ -15,6 +15,12 @@ public:
     virtual double cell(quint32 row, quint32 col) const = 0;
     // The index word of a row in tables that carry one, else 0.
     virtual qint32 rowIndex(quint32 row) const = 0;
+    // The rows and columns of the table's capacity, whatever the counts say.
+    virtual quint32 rowCapacity() const = 0;
+    virtual quint32 colCapacity() const = 0;
+    // The rows of the capacity whose cells all lie in the image (a block loaded from a short
+    // image holds fewer).
+    virtual quint32 rowsHeld() const = 0;
 };
 
 } // namespace detail

@@ -180,6 +180,16 @@ public:
         return static_cast<double>(getCalValue(row, col));
     }
     qint32 rowIndex(quint32 row) const override { return table.index(row); }
+    quint32 rowCapacity() const override { return shape.maxRows; }
+    quint32 colCapacity() const override { return shape.maxCols; }
+    quint32 rowsHeld() const override {
+        const std::uint64_t size = static_cast<std::uint64_t>(image.size());
+        const std::uint64_t rowBytes = std::uint64_t(shape.maxCols) * shape.rawSize;
+        if (size <= shape.valuesOffset() || rowBytes == 0)
+            return 0;
+        return static_cast<quint32>(
+            std::min<std::uint64_t>(shape.maxRows, (size - shape.valuesOffset()) / rowBytes));
+    }
 
 private:
     static bool matches(TValue cell, TValue value, int op, quint32 row, quint32& result) {
@@ -216,7 +226,7 @@ private:
 
     // Reads one cell of a token-form section into `built` through `number`.
     TokenCellReader cellReader(QByteArray& built, TValue& number) const {
-        return [this, &built, &number](std::istream& from, quint32 row, quint32 col) {
+        return [this, &built, &number](TextCursor& from, quint32 row, quint32 col) {
             from >> number;
             const bool whole = !std::is_integral<TValue>::value || skipZeroFraction(from);
             storeCell(built, row, col, static_cast<double>(number));
@@ -229,10 +239,10 @@ private:
     TokenSectionHook descriptorReader(QByteArray& built) const {
         if (shape.descriptorCount == 0)
             return TokenSectionHook();
-        return [this, &built](std::istream& from) { readDescriptors(from, built); };
+        return [this, &built](TextCursor& from) { readDescriptors(from, built); };
     }
 
-    void readDescriptors(std::istream& in, QByteArray& built) const {
+    void readDescriptors(TextCursor& in, QByteArray& built) const {
         for (quint32 i = 0; i < shape.descriptorCount; ++i) {
             const std::string text = readDescriptor(in, i + 1);
             if (text.empty())

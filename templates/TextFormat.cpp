@@ -2,43 +2,64 @@
 #include "templates/TextFormat.h"
 
 #include <algorithm>
-#include <iomanip>
-#include <locale>
-#include <sstream>
+#include <charconv>
 
 namespace Tupsim {
 namespace detail {
 
-namespace {
-// Every real table is smaller than this in each direction; see printableCount.
-const quint32 kPrintLimit = 4096;
-} // namespace
-
-std::string fixedNumber(double value, int precision, int width, int bufferSize) {
-    std::ostringstream text;
-    text.imbue(std::locale::classic());
-    text << std::fixed << std::setprecision(precision) << std::setw(width) << value;
-    std::string result = text.str();
-    if (bufferSize > 0 && result.size() >= static_cast<std::size_t>(bufferSize))
-        result.resize(static_cast<std::size_t>(bufferSize) - 1);
-    return result;
+void appendFixed(std::string& out, double value, int precision, int width, int bufferSize) {
+    // The longest fixed text of a double: 309 integer digits, sign, point and the decimals.
+    char text[320 + 32];
+    const int decimals = std::clamp(precision, 0, 30);
+    const std::to_chars_result done =
+        std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, decimals);
+    std::size_t length = static_cast<std::size_t>(done.ptr - text);
+    const std::size_t padding =
+        width > 0 && length < static_cast<std::size_t>(width) ? width - length : 0;
+    std::size_t room =
+        bufferSize > 0 ? static_cast<std::size_t>(bufferSize) - 1 : std::string::npos;
+    const std::size_t blanks = std::min(padding, room);
+    out.append(blanks, ' ');
+    if (room != std::string::npos)
+        room -= blanks;
+    out.append(text, std::min(length, room));
 }
 
-bool skipZeroFraction(std::istream& in) {
+std::string fixedNumber(double value, int precision, int width, int bufferSize) {
+    std::string text;
+    appendFixed(text, value, precision, width, bufferSize);
+    return text;
+}
+
+void appendDecimal(std::string& out, long long value) {
+    char text[24];
+    const std::to_chars_result done = std::to_chars(text, text + sizeof text, value);
+    out.append(text, done.ptr);
+}
+
+bool skipZeroFraction(TextCursor& in) {
     if (!in || in.peek() != '.')
         return true;
-    in.get();
+    char c = 0;
+    in.get(c);
     while (in.peek() == '0')
-        in.get();
+        in.get(c);
     const int next = in.peek();
     if (next < '1' || next > '9')
         return true;
-    in.setstate(std::ios::failbit);
+    in.setFail();
     return false;
 }
 
-quint32 printableCount(quint32 count) {
-    return std::min(count, kPrintLimit);
+PrintedExtent printedExtent(const TableCells& cells) {
+    const quint32 rows = cells.rowCount();
+    const quint32 cols = cells.colCount();
+    const quint64 capacity = quint64(cells.rowCapacity()) * cells.colCapacity();
+    // A row without columns still prints a line: it counts as one cell.
+    if (quint64(rows) * std::max<quint32>(cols, 1) <= std::max<quint64>(capacity, 1))
+        return {rows, cols};
+    return {std::min({rows, cells.rowCapacity(), cells.rowsHeld()}),
+            std::min(cols, cells.colCapacity())};
 }
 
 } // namespace detail

@@ -4,8 +4,10 @@
 #include "templates/TableLayout.h"
 #include "templates/TextFormat.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cstdlib>
+#include <cstring>
 #include <iostream>
 
 namespace Tupsim {
@@ -19,40 +21,20 @@ namespace {
 
 const std::size_t kDescriptorSize = TableLayout::kDescriptorSize;
 
-bool skipTo(std::istream& in, char wanted) {
-    char c = 0;
-    while (in.get(c))
-        if (c == wanted)
-            return true;
-    return false;
-}
-
-// 1-based line of the character at `pos` of the stream; a position past the text (or none, -1)
-// stands for the last line. Only failures ask for it, so counting from the start is good enough.
-long long lineAt(std::istream& in, std::streamoff pos) {
-    in.clear();
-    in.seekg(0, std::ios::end);
-    const std::streamoff end = in.tellg();
+// 1-based line of the character at `pos` of the text; a position past the text (or none, -1)
+// stands for the last line.
+long long lineAt(const std::string& text, long long pos) {
+    const long long end = static_cast<long long>(text.size());
     if (end <= 0)
         return 0; // no text, no line
     if (pos < 0 || pos >= end)
         pos = end - 1; // the last character, which may be the newline that closes the last line
-    in.seekg(0);
-    long long line = 1;
-    std::streambuf* buffer = in.rdbuf();
-    for (std::streamoff i = 0; i < pos; ++i) {
-        const int c = buffer->sbumpc();
-        if (c == std::char_traits<char>::eof())
-            break;
-        if (c == '\n')
-            ++line;
-    }
-    return line;
+    return 1 + std::count(text.begin(), text.begin() + pos, '\n');
 }
 
-// Where the stream stands; -1 when it cannot say (failed, or at its end).
-std::streamoff position(std::istream& in) {
-    return in ? static_cast<std::streamoff>(in.tellg()) : std::streamoff(-1);
+// Where the cursor stands, as tellg tells it: -1 when it cannot say (failed, or at its end).
+long long position(TextCursor& in) {
+    return in ? in.tell() : -1;
 }
 
 TextReadStatus missing(const std::string& key) {
@@ -84,21 +66,88 @@ bool countFits(quint32 count, quint32 capacity, const char* what, bool reporting
 }
 
 // A value that could not be read: the word that stands at `start`, or its absence.
-TextReadStatus badValue(std::istream& in, std::streamoff start, quint32 row, quint32 col) {
+TextReadStatus badValue(TextCursor& in, const std::string& text, long long start, quint32 row,
+                        quint32 col) {
     TextReadStatus status;
     status.code = TextReadStatus::BadValue;
     in.clear();
     std::string word;
-    std::streamoff at = -1;
-    if (start >= 0 && in.seekg(start) && in >> std::ws) {
-        at = position(in);
-        in >> word;
+    long long at = -1;
+    if (start >= 0 && in.seek(static_cast<std::size_t>(start))) {
+        in.skipSpace();
+        if (in) {
+            at = position(in);
+            in.word(word);
+        }
     }
     const std::string cell =
         "row " + std::to_string(row + 1) + ", column " + std::to_string(col + 1);
     status.detail = word.empty() ? "value in " + cell + " is missing"
                                  : "value '" + word + "' in " + cell + " could not be read";
-    status.line = lineAt(in, at);
+    status.line = lineAt(text, at);
+    return status;
+}
+
+// The section of `name` in `text`, read through `in`.
+TextReadStatus scanText(TextCursor& in, const std::string& text, const std::string& name,
+                        quint32 maxRows, quint32 maxCols, const TokenReadRules& rules,
+                        const TokenSectionHook& afterName, const TokenCellReader& readCell,
+                        TokenSection& section) {
+    section = TokenSection();
+    const auto fail = [&](TextReadStatus status, long long at) {
+        if (rules.reporting)
+            status.line = lineAt(text, at);
+        return status;
+    };
+    const bool idFound = searchWord(in, "ID:");
+    if (!idFound && rules.demandName)
+        return fail(missing("ID:"), -1);
+    section.nameFound = idFound && searchWord(in, name);
+    if (!section.nameFound)
+        return rules.demandName ? fail(missing(name), -1) : TextReadStatus();
+    if (afterName)
+        afterName(in);
+    if (!searchWord(in, "COUNT:"))
+        return fail(missing("COUNT:"), -1);
+    // The count line, should its counts be refused; the word "COUNT:" ends just before.
+    const long long countAt = rules.reporting ? position(in) - 1 : -1;
+    const auto unreadable = [&](const char* what) {
+        TextReadStatus status;
+        status.code = TextReadStatus::BadValue;
+        status.detail = std::string(what) + " count could not be read";
+        return fail(status, countAt);
+    };
+    in >> section.rows;
+    if (rules.reporting && in.fail())
+        return unreadable("row");
+    if (!in.skipTo('*'))
+        return fail(missing("*"), -1);
+    in >> section.cols;
+    if (rules.reporting && in.fail())
+        return unreadable("column");
+    TextReadStatus status;
+    if (!countFits(section.rows, maxRows, "row", rules.reporting, status) ||
+        !countFits(section.cols, maxCols, "column", rules.reporting, status))
+        return fail(status, countAt);
+    for (quint32 r = 0; r < section.rows; ++r) {
+        if (!in.skipTo(':'))
+            return fail(missing(":"), -1);
+        if (!rules.reporting) {
+            // Once the cursor has failed no read changes anything: cells past the capacity
+            // are dropped anyway, so the loop may stop there.
+            for (quint32 c = 0; c < section.cols && (in || c < maxCols); ++c)
+                readCell(in, r, c);
+            continue;
+        }
+        for (quint32 c = 0; c < section.cols; ++c) {
+            const long long start = position(in);
+            // A value must be followed by white space or the end: "2:" is no number.
+            const bool read = readCell(in, r, c);
+            const int next = read ? in.peek() : 0;
+            if (!read || !(next == std::char_traits<char>::eof() || std::isspace(next)))
+                return badValue(in, text, start, r, c);
+        }
+    }
     return status;
 }
 
@@ -111,25 +160,32 @@ void writeTokenIdLine(std::ostream& out, const std::string& name) {
 void writeTokenBody(std::ostream& out, const TableCells& cells, const TokenStyle& style) {
     const quint32 rows = cells.rowCount();
     const quint32 cols = cells.colCount();
-    out << "COUNT:  " << std::to_string(rows) << '*' << std::to_string(cols) << '\n';
-    const quint32 shownRows = printableCount(rows);
-    const quint32 shownCols = printableCount(cols);
+    std::string text = "COUNT:  " + std::to_string(rows) + '*' + std::to_string(cols) + '\n';
+    const PrintedExtent shown = printedExtent(cells);
     const auto value = [&](quint32 r, quint32 c) {
-        return fixedNumber(cells.cell(r, c), style.precision, 0, style.bufferSize);
+        appendFixed(text, cells.cell(r, c), style.precision, 0, style.bufferSize);
     };
     if (style.rowPerLine || rows <= cols) {
-        for (quint32 r = 0; r < shownRows; ++r) {
-            out << std::to_string(r + 1) << ": ";
-            for (quint32 c = 0; c < shownCols; ++c)
-                out << '\t' << value(r, c);
-            out << '\n';
+        for (quint32 r = 0; r < shown.rows; ++r) {
+            appendDecimal(text, r + 1);
+            text += ": ";
+            for (quint32 c = 0; c < shown.cols; ++c) {
+                text += '\t';
+                value(r, c);
+            }
+            text += '\n';
         }
     } else {
-        for (quint32 r = 0; r < shownRows; ++r)
-            for (quint32 c = 0; c < shownCols; ++c)
-                out << std::to_string(r + 1) << ":  " << value(r, c) << '\n';
+        for (quint32 r = 0; r < shown.rows; ++r)
+            for (quint32 c = 0; c < shown.cols; ++c) {
+                appendDecimal(text, r + 1);
+                text += ":  ";
+                value(r, c);
+                text += '\n';
+            }
     }
-    out << '\n';
+    text += '\n';
+    out << text;
 }
 
 void writeDescriptorHeader(std::ostream& out, const std::string& name,
@@ -140,24 +196,28 @@ void writeDescriptorHeader(std::ostream& out, const std::string& name,
     out << "\n\n";
 }
 
-std::string readDescriptor(std::istream& in, quint32 number) {
-    const std::streampos start = in.tellg();
+std::string readDescriptor(TextCursor& in, quint32 number) {
+    const long long start = in.tell();
     if (!searchWord(in, "DESCRIPTOR" + std::to_string(number) + ":")) {
         // A missing descriptor must not cost the rest of the section.
         in.clear();
-        in.seekg(start);
+        if (start < 0)
+            in.setFail();
+        else
+            in.seek(static_cast<std::size_t>(start));
         return std::string();
     }
     std::string word;
-    in >> word;
+    in.word(word);
     word.resize(kDescriptorSize, ' ');
     return word;
 }
 
-bool searchWord(std::istream& in, const std::string& key) {
-    std::string word;
-    while (in >> word)
-        if (word == key)
+bool searchWord(TextCursor& in, const std::string& key) {
+    const char* word = nullptr;
+    std::size_t length = 0;
+    while (in.word(word, length))
+        if (length == key.size() && std::memcmp(word, key.data(), length) == 0)
             return true;
     return false;
 }
@@ -166,63 +226,11 @@ TextReadStatus scanTokenForm(std::istream& in, const std::string& name, quint32 
                              quint32 maxCols, const TokenReadRules& rules,
                              const TokenSectionHook& afterName, const TokenCellReader& readCell,
                              TokenSection& section) {
-    section = TokenSection();
-    const auto fail = [&](TextReadStatus status, std::streamoff at) {
-        if (rules.reporting)
-            status.line = lineAt(in, at);
-        return status;
-    };
-    in.clear();
-    in.seekg(0);
-    const bool idFound = searchWord(in, "ID:");
-    if (!idFound && rules.demandName)
-        return fail(missing("ID:"), -1);
-    section.nameFound = idFound && searchWord(in, name);
-    if (!section.nameFound)
-        return rules.demandName ? fail(missing(name), -1) : TextReadStatus();
-    if (afterName)
-        afterName(in);
-    if (!searchWord(in, "COUNT:"))
-        return fail(missing("COUNT:"), -1);
-    // The count line, should its counts be refused; the word "COUNT:" ends just before.
-    const std::streamoff countAt = rules.reporting ? position(in) - 1 : -1;
-    const auto unreadable = [&](const char* what) {
-        TextReadStatus status;
-        status.code = TextReadStatus::BadValue;
-        status.detail = std::string(what) + " count could not be read";
-        return fail(status, countAt);
-    };
-    in >> section.rows;
-    if (rules.reporting && in.fail())
-        return unreadable("row");
-    if (!skipTo(in, '*'))
-        return fail(missing("*"), -1);
-    in >> section.cols;
-    if (rules.reporting && in.fail())
-        return unreadable("column");
-    TextReadStatus status;
-    if (!countFits(section.rows, maxRows, "row", rules.reporting, status) ||
-        !countFits(section.cols, maxCols, "column", rules.reporting, status))
-        return fail(status, countAt);
-    for (quint32 r = 0; r < section.rows; ++r) {
-        if (!skipTo(in, ':'))
-            return fail(missing(":"), -1);
-        if (!rules.reporting) {
-            // Once the stream has failed no read changes anything: cells past the capacity
-            // are dropped anyway, so the loop may stop there.
-            for (quint32 c = 0; c < section.cols && (in || c < maxCols); ++c)
-                readCell(in, r, c);
-            continue;
-        }
-        for (quint32 c = 0; c < section.cols; ++c) {
-            const std::streamoff start = position(in);
-            // A value must be followed by white space or the end: "2:" is no number.
-            const bool read = readCell(in, r, c);
-            const int next = read ? in.peek() : 0;
-            if (!read || !(next == std::char_traits<char>::eof() || std::isspace(next)))
-                return badValue(in, start, r, c);
-        }
-    }
+    const std::string text = slurp(in);
+    TextCursor cursor(text);
+    const TextReadStatus status =
+        scanText(cursor, text, name, maxRows, maxCols, rules, afterName, readCell, section);
+    cursor.handBack(in);
     return status;
 }
 

@@ -3,6 +3,7 @@
 
 #include "TextReadStatus.h"
 #include "templates/TableCells.h"
+#include "templates/TextCursor.h"
 
 #include <functional>
 #include <istream>
@@ -33,11 +34,11 @@ struct TokenSection {
     quint32 cols = 0;
 };
 
-// Reads one value for cell (row, col) with the stream's formatted input; false when the value
-// could not be read whole (the stream is then failed).
-using TokenCellReader = std::function<bool(std::istream& in, quint32 row, quint32 col)>;
+// Reads one value for cell (row, col) with formatted input; false when the value could not be
+// read whole (the cursor is then failed).
+using TokenCellReader = std::function<bool(TextCursor& in, quint32 row, quint32 col)>;
 // Runs between the block name and "COUNT:".
-using TokenSectionHook = std::function<void(std::istream& in)>;
+using TokenSectionHook = std::function<void(TextCursor& in)>;
 
 // How the token reader meets a malformed section.
 struct TokenReadRules {
@@ -49,7 +50,8 @@ struct TokenReadRules {
 };
 
 // Rewinds `in` and reads the section of `name` without ending the process. Cells are handed to
-// `readCell` as they are read, so on a failure some may have been read already.
+// `readCell` as they are read, so on a failure some may have been read already. The stream is
+// read once from its start; it is left where and as the word-by-word reading would leave it.
 TextReadStatus scanTokenForm(std::istream& in, const std::string& name, quint32 maxRows,
                              quint32 maxCols, const TokenReadRules& rules,
                              const TokenSectionHook& afterName, const TokenCellReader& readCell,
@@ -66,10 +68,10 @@ void writeDescriptorHeader(std::ostream& out, const std::string& name,
                            const std::vector<std::string>& descriptors);
 // Descriptor `number` (counted from 1) as its 16 characters, padded with blanks; empty when
 // its key is not there, and then the stream stands where it stood before.
-std::string readDescriptor(std::istream& in, quint32 number);
+std::string readDescriptor(TextCursor& in, quint32 number);
 
-// Reads words until one equals `key`; false when the stream ends first.
-bool searchWord(std::istream& in, const std::string& key);
+// Reads words until one equals `key`; false when the text ends first.
+bool searchWord(TextCursor& in, const std::string& key);
 
 } // namespace detail
 } // namespace Tupsim

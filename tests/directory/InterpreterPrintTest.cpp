@@ -6,6 +6,7 @@
 #include <templates/HwDatablockTemplate.h>
 #include <templates/HwDatablockTemplateWithoutChecksum.h>
 
+#include <algorithm>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
@@ -189,4 +190,50 @@ TEST(OldStylePrinting, UnknownIdsAndNullBlocksAreRefused) {
     EXPECT_FALSE(interpreter.printHwDatablockOldStyleInfo(&table, out));
     EXPECT_EQ(interpreter.getDictionary().size(), initial + 2);
     EXPECT_TRUE(out.str().empty());
+}
+
+namespace {
+// An image of `size` bytes of table id `id` whose count words read `rows` and `cols`.
+QByteArray countedImage(int id, int size, quint32 rows, quint32 cols) {
+    QByteArray image(size, '\0');
+    const quint32 words[] = {quint32(id) | quint32(size) << 16, 0, rows, cols};
+    for (int i = 0; i < 4; ++i)
+        for (int b = 0; b < 4; ++b)
+            image[4 * i + b] = static_cast<char>(words[i] >> (8 * b));
+    sealChecksum(image);
+    return image;
+}
+
+std::string printedImage(HwDatablockOldStyleInterpreter& interpreter, const QByteArray& image) {
+    HwDatablock block(false);
+    loadImage(block, image);
+    return printedThrough(interpreter, &block);
+}
+} // namespace
+
+// Corrupt count words cost no more text than the image holds: the count line as stored, then
+// the rows of the capacity that lie in the image.
+TEST(OldStylePrinting, CorruptCountsPrintOnlyWhatTheImageHolds) {
+    HwDatablockOldStyleInterpreter interpreter;
+    EXPECT_EQ(printedImage(interpreter, countedImage(15801, 16, 0xFFFFFFFFu, 0xFFFFFFFFu)),
+              "ID:  VECTOR_RFLEVEL_MAX_DATA\nCOUNT:  4294967295*4294967295\n\n");
+    EXPECT_EQ(printedImage(interpreter, countedImage(15026, 16, 0xFFFFFFFFu, 0xFFFFFFFFu)),
+              "ID:  DET_TEMPCORR_HIGH_FREQ\nCOUNT:  4294967295*4294967295\n\n");
+
+    QByteArray held = countedImage(15026, 128, 0xFFFFFFFFu, 0xFFFFFFFFu);
+    held[16] = 8;
+    sealChecksum(held);
+    const std::string one = printedImage(interpreter, held);
+    EXPECT_EQ(one.substr(0, one.find("1: ")),
+              "ID:  DET_TEMPCORR_HIGH_FREQ\nCOUNT:  4294967295*4294967295\n");
+    EXPECT_EQ(std::count(one.begin(), one.end(), '\n'), 4);
+
+    // A full misc-data vector prints its 200 rows and no more.
+    QByteArray loopGain = countedImage(12300, 16 + 200 * 4, 200, 1);
+    const std::string full = printedImage(interpreter, loopGain);
+    loopGain = countedImage(12300, 16 + 200 * 4, 0xFFFFFFFFu, 1);
+    std::string expected = full;
+    expected.replace(expected.find("COUNT:  200*1"), 13, "COUNT:  4294967295*1");
+    EXPECT_EQ(printedImage(interpreter, loopGain), expected);
+    EXPECT_EQ(std::count(full.begin(), full.end(), '\n'), 2 + 200 + 1);
 }

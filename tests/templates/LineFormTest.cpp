@@ -8,6 +8,7 @@
 
 #include "templates/HeadedLineForm.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <sstream>
 
@@ -352,4 +353,56 @@ TEST(LineFormReadSection, RefusesWhatSearchasciiLoadsAnyway) {
               "ok; line 5: ERROR: Number of lines between ID: and COUNT: to large!; line 6: "
               "ERROR: Number of rows read inadequate!");
     EXPECT_EQ(headed.getCalValue(0, 0), 250.0);
+}
+
+namespace {
+// `text` with its first occurrence of `from` replaced by `to`.
+std::string replaced(std::string text, const std::string& from, const std::string& to) {
+    const std::size_t at = text.find(from);
+    if (at != std::string::npos)
+        text.replace(at, from.size(), to);
+    return text;
+}
+} // namespace
+
+// Corrupt counts print the count line as stored and then only the rows the image holds; the
+// readers refuse the text by its count line.
+TEST(BoundedPrinting, LineFormsStopAtTheCapacity) {
+    ServiceRecorders services;
+    AttCalVec block(kName, 15843, 0, 1.0, false);
+    block.setCalValue(9, 26, 19);
+    block.setIndex(3, 26);
+    block.setRowCount(27);
+    block.setColCount(20);
+    const std::string full = printed(block);
+    block.setRowCount(0xFFFFFFFFu);
+    block.setColCount(0xFFFFFFFFu);
+    const std::string text = printed(block);
+    EXPECT_EQ(text, replaced(full, "COUNT:  27*20", "COUNT:  4294967295*4294967295"));
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 2 + 27 + 1);
+    std::string last = "3: ";
+    for (int c = 0; c < 19; ++c)
+        last += "\t0.000";
+    EXPECT_EQ(text.substr(text.size() - last.size() - 8), last + "\t9.000\n\n");
+
+    AttCalVec twin(kName, 15843, 0, 1.0, false);
+    std::istringstream in(text);
+    const TextReadStatus status = twin.readSection(in, twin);
+    EXPECT_EQ(status.code, TextReadStatus::CountTooHigh);
+    EXPECT_EQ(status.line, 2);
+
+    // Within the capacity's cell count, counts above one capacity still print their zeros.
+    block.setRowCount(2);
+    block.setColCount(21);
+    EXPECT_NE(printed(block).find("\t0.000\t0.000\n"), std::string::npos);
+
+    KivAttCalFreq headed = attCalFreq();
+    headed.setCalValue(1.5, 199, 0);
+    headed.setRowCount(200);
+    headed.setColCount(1);
+    const std::string headedFull = printed(headed);
+    headed.setRowCount(0xFFFFFFFFu);
+    EXPECT_EQ(printed(headed), replaced(headedFull, "COUNT:  200 * 1", "COUNT:  4294967295 * 1"));
+    EXPECT_NE(headedFull.find("200:  " + std::string(11, ' ') + "150.0000000000\n\n"),
+              std::string::npos);
 }

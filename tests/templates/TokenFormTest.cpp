@@ -11,6 +11,7 @@
 
 #include "templates/HwDatablockTemplate.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <sstream>
 #include <type_traits>
@@ -413,4 +414,49 @@ TEST(TokenFormReadSection, NegativeCountsPassSearchascii) {
     EXPECT_EQ(data.getCalValue(0, 0), 5);
     EXPECT_EQ(data.readSection(in, data).code, TextReadStatus::CountNegative);
     EXPECT_EQ(data.getColCount(), 0xFFFFFFFFu);
+}
+
+// Counts that describe more cells than the table holds print the count line as stored and the
+// rows and columns of the capacity only; within the capacity's cell count nothing changes.
+TEST(BoundedPrinting, TokenFormStopsAtTheCapacity) {
+    AlcData data = alcData();
+    data.setRowCount(4);
+    data.setColCount(10);
+    const std::string full = printed(data);
+    const std::string fullCounts = "COUNT:  4*10";
+    data.setRowCount(5);
+    std::string expected = full;
+    expected.replace(expected.find(fullCounts), fullCounts.size(), "COUNT:  5*10");
+    EXPECT_EQ(printed(data), expected);
+
+    data.setRowCount(0xFFFFFFFFu);
+    data.setColCount(0xFFFFFFFFu);
+    expected = full;
+    expected.replace(expected.find(fullCounts), fullCounts.size(), "COUNT:  4294967295*4294967295");
+    EXPECT_EQ(printed(data), expected);
+
+    // One line per cell when the rows outnumber the columns: at most the 40 cells held.
+    data.setColCount(3);
+    const std::string vector = printed(data);
+    EXPECT_EQ(std::count(vector.begin(), vector.end(), '\n'), 2 + 4 * 3 + 1);
+    EXPECT_EQ(vector.substr(vector.size() - 22), "\n4:  0.000\n4:  0.000\n\n");
+
+    // A row count with no columns would print empty lines without end.
+    data.setColCount(0);
+    EXPECT_EQ(printed(data), "ID:  RFBO_ALC_DATA\nCOUNT:  4294967295*0\n\n");
+}
+
+// A stream that can not be rewound holds no section for the readers, whatever follows in it.
+TEST(TokenFormReadSection, StreamThatCanNotRewindHoldsNothing) {
+    struct Unseekable : std::streambuf {
+        explicit Unseekable(std::string& text) { setg(&text[0], &text[0], &text[0] + text.size()); }
+    };
+    std::string text = "ID:  RFBO_ALC_DATA\nCOUNT:  1*1\n1: \t5.000\n\n";
+    Unseekable buffer(text);
+    std::istream in(&buffer);
+    AlcData data("RFBO_ALC_DATA", 15731, 0, 1.0, false);
+    const TextReadStatus status = data.readSection(in, data);
+    EXPECT_EQ(status.code, TextReadStatus::MissingKey);
+    EXPECT_EQ(status.message(), "can not find 'ID:'");
+    EXPECT_TRUE(in.fail());
 }

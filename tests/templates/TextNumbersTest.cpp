@@ -1,0 +1,280 @@
+// The number texts of the table forms against the C library and the standard streams: fixed
+// notation against snprintf, the reading cursor against istringstream, over edge values and
+// many random ones.
+#include "templates/TextCursor.h"
+#include "templates/TextFormat.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <limits>
+#include <locale>
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+using namespace Tupsim::detail;
+
+namespace {
+
+std::string printed(const char* format, int bufferSize, double value) {
+    std::vector<char> text(static_cast<std::size_t>(bufferSize));
+    std::snprintf(text.data(), text.size(), format, value);
+    return text.data();
+}
+
+std::vector<double> edgeValues() {
+    const double inf = std::numeric_limits<double>::infinity();
+    std::vector<double> values = {0.0,
+                                  -0.0,
+                                  std::nan(""),
+                                  -std::nan(""),
+                                  inf,
+                                  -inf,
+                                  std::numeric_limits<double>::max(),
+                                  -std::numeric_limits<double>::max(),
+                                  std::numeric_limits<double>::min(),
+                                  std::numeric_limits<double>::denorm_min(),
+                                  -0.0004,
+                                  -0.0005,
+                                  0.0005,
+                                  0.0015,
+                                  0.0025,
+                                  1e15,
+                                  1e16 + 1,
+                                  123456789012345678.0,
+                                  1e22,
+                                  1e23,
+                                  1e100,
+                                  -1e300,
+                                  0.1,
+                                  0.7,
+                                  2147483647.0,
+                                  -2147483648.0,
+                                  4294967295.0,
+                                  std::numeric_limits<float>::max(),
+                                  std::numeric_limits<float>::min(),
+                                  5e-11,
+                                  -5e-11,
+                                  0.00000000005,
+                                  0.000050000000000000002};
+    // Exact binary ties at every precision the forms use, on both sides of zero.
+    for (int k = -40; k <= 40; ++k) {
+        values.push_back(k / 8.0 + k * 1000);
+        values.push_back(k / 2048.0);
+        values.push_back(k / 65536.0 / 16384.0); // ties at ten decimals and below
+        values.push_back(k * 0.001);
+        values.push_back(k * 0.01 + 0.005);
+    }
+    return values;
+}
+
+std::vector<double> randomValues() {
+    std::mt19937_64 random(20261122);
+    std::vector<double> values;
+    for (int i = 0; i < 30000; ++i) {
+        double value = 0;
+        const std::uint64_t bits = random();
+        switch (i % 6) {
+        case 0: // any bit pattern
+            std::memcpy(&value, &bits, sizeof value);
+            break;
+        case 1: { // any float, widened as the float tables hand them out
+            const std::uint32_t narrow = static_cast<std::uint32_t>(bits);
+            float f = 0;
+            std::memcpy(&f, &narrow, sizeof f);
+            value = f;
+            break;
+        }
+        case 2: // stored integers times the usual factors
+            value = static_cast<double>(static_cast<std::int32_t>(bits)) * 0.01;
+            break;
+        case 3:
+            value = static_cast<double>(static_cast<std::int32_t>(bits)) * 0.001;
+            break;
+        case 4: // magnitudes where the decimals decide
+            value = std::ldexp(static_cast<double>(bits >> 11), -53) * std::pow(10.0, i % 13 - 6);
+            break;
+        default:
+            value = static_cast<double>(static_cast<std::int64_t>(bits) >> (i % 40));
+            break;
+        }
+        values.push_back(i % 2 ? value : -value);
+    }
+    return values;
+}
+
+} // namespace
+
+TEST(FixedNumber, MatchesPrintfForEveryFormatOfTheForms) {
+    struct Format {
+        const char* printf;
+        int precision;
+        int width;
+        int bufferSize;
+    };
+    const Format formats[] = {{"%.3f", 3, 0, 129},
+                              {"%.10f", 10, 0, 129},
+                              {"%.5f", 5, 0, 20},
+                              {"%21.10f", 10, 21, 0},
+                              {"%.3f", 3, 0, 0}};
+    std::vector<double> values = edgeValues();
+    const std::vector<double> random = randomValues();
+    values.insert(values.end(), random.begin(), random.end());
+    for (const Format& format : formats) {
+        int mismatches = 0;
+        for (double value : values) {
+            const std::string expected = printed(format.printf, 400, value);
+            const std::string cut =
+                format.bufferSize > 0 ? printed(format.printf, format.bufferSize, value) : expected;
+            std::string text = "<";
+            appendFixed(text, value, format.precision, format.width, format.bufferSize);
+            if (text != "<" + cut && ++mismatches < 5)
+                ADD_FAILURE() << format.printf << " in " << format.bufferSize << ": "
+                              << printed("%a", 64, value) << " gives '" << text.substr(1)
+                              << "', printf '" << cut << "'";
+        }
+        EXPECT_EQ(mismatches, 0) << format.printf;
+    }
+    EXPECT_EQ(fixedNumber(-0.0, 3), "-0.000");
+    EXPECT_EQ(fixedNumber(5, 3), "5.000");
+    EXPECT_EQ(fixedNumber(-0.0004, 3), "-0.000");
+    EXPECT_EQ(fixedNumber(0.125, 2), "0.12");
+    EXPECT_EQ(fixedNumber(-std::nan(""), 10, 21), "                 -nan");
+    EXPECT_EQ(fixedNumber(1e300, 5, 0, 20), "1000000000000000052");
+    std::string whole;
+    appendDecimal(whole, -2147483648LL);
+    EXPECT_EQ(whole, "-2147483648");
+}
+
+namespace {
+
+// Everything a stream reports after one extraction, as text for comparison.
+template <typename T, typename Stream> std::string after(Stream& in, T& value) {
+    in >> value;
+    std::ostringstream state;
+    state.precision(17);
+    state << +value << " fail " << in.fail() << " eof " << in.eof();
+    return state.str();
+}
+
+// Reads `text` as a sequence of T with both readers, also peeking between the reads, and
+// compares every step.
+template <typename T> void expectSameReads(const std::string& text, int& mismatches) {
+    std::istringstream stream(text);
+    stream.imbue(std::locale::classic());
+    TextCursor cursor(text);
+    T fromStream = T(7);
+    T fromCursor = T(7);
+    for (int step = 0; step < 4; ++step) {
+        const std::string expected = after(stream, fromStream);
+        const std::string got = after(cursor, fromCursor);
+        const int peekExpected = stream.peek();
+        const int peekGot = cursor.peek();
+        const bool same = expected == got && peekExpected == peekGot &&
+                          stream.fail() == cursor.fail() && stream.eof() == cursor.eof();
+        if (!same && ++mismatches < 8)
+            ADD_FAILURE() << "'" << text << "' step " << step << ": stream " << expected << " peek "
+                          << peekExpected << ", cursor " << got << " peek " << peekGot;
+        if (!same)
+            return;
+        stream.clear(); // go on past failures to compare what each consumed
+        cursor.clear();
+    }
+}
+
+std::vector<std::string> numberTexts() {
+    // Hand-picked texts, split at '|': signs, points, exponents, overflows of every type.
+    std::vector<std::string> texts;
+    std::istringstream picked(
+        "| |5|5 | 12.5 |-0|+7 "
+        "-8|-|+|+-1|.|.5|5.|-.5e3|1e|1e+|1e-5x|1E5E5|1.2.3|e5|0x10|00012|inf|nan|1e400|-1e400|1e-"
+        "400|3e-320|4e38|-4e38|1e-46|32767 32768 -32768 -32769|2147483647 2147483648 -2147483648 "
+        "-2147483649|4294967295 4294967296 -1 -4294967295 -4294967296|9223372036854775807 "
+        "9223372036854775808|-9223372036854775808 "
+        "-9223372036854775809|99999999999999999999999|5.000\t6.000\n|2:|\v\f\r7");
+    for (std::string text; std::getline(picked, text, '|');)
+        texts.push_back(text);
+    std::mt19937 random(7);
+    const char alphabet[] = "0123456789012345678901234567890123456789+-.eE \t\nx:";
+    for (int i = 0; i < 20000; ++i) {
+        std::string text;
+        const int length = static_cast<int>(random() % 14);
+        for (int k = 0; k < length; ++k)
+            text += alphabet[random() % (sizeof alphabet - 1)];
+        texts.push_back(text);
+    }
+    return texts;
+}
+
+} // namespace
+
+TEST(TextCursor, ReadsNumbersAsTheStreamsDo) {
+    int mismatches = 0;
+    for (const std::string& text : numberTexts()) {
+        expectSameReads<short>(text, mismatches);
+        expectSameReads<int>(text, mismatches);
+        expectSameReads<unsigned int>(text, mismatches);
+        expectSameReads<long long>(text, mismatches);
+        expectSameReads<float>(text, mismatches);
+        expectSameReads<double>(text, mismatches);
+    }
+    EXPECT_EQ(mismatches, 0);
+}
+
+TEST(TextCursor, ReadsRandomValuesBackExactly) {
+    int mismatches = 0;
+    for (double value : randomValues()) {
+        char text[64];
+        std::snprintf(text, sizeof text, "%.17g", value);
+        expectSameReads<double>(text, mismatches);
+        std::snprintf(text, sizeof text, "%.9g", value);
+        expectSameReads<float>(text, mismatches);
+    }
+    EXPECT_EQ(mismatches, 0);
+}
+
+TEST(TextCursor, WordsCharactersAndPositions) {
+    const std::string text = "ID:  NAME\nCOUNT: 2*3\n";
+    std::istringstream stream(text);
+    TextCursor cursor(text);
+    std::string a;
+    std::string b;
+    for (int i = 0; i < 4; ++i) {
+        stream >> a;
+        cursor.word(b);
+        EXPECT_EQ(a, b);
+        EXPECT_EQ(static_cast<long long>(stream.tellg()), cursor.tell()) << i;
+    }
+    EXPECT_FALSE(cursor.word(b));
+    EXPECT_TRUE(cursor.fail() && cursor.eof());
+    cursor.clear();
+    ASSERT_TRUE(cursor.seek(14));
+    EXPECT_TRUE(cursor.skipTo('*'));
+    char c = 0;
+    EXPECT_TRUE(cursor.get(c));
+    EXPECT_EQ(c, '3');
+    EXPECT_FALSE(cursor.skipTo(':'));
+    EXPECT_TRUE(cursor.fail() && cursor.eof());
+    EXPECT_EQ(cursor.tell(), -1);
+
+    // A number that ends the text leaves eofbit; the next peek fails the cursor, as it does a
+    // stream.
+    const std::string five = "5";
+    TextCursor last(five);
+    int value = 0;
+    last >> value;
+    EXPECT_TRUE(last.eof() && !last.fail());
+    EXPECT_FALSE(skipZeroFraction(last) && !last.fail());
+    const std::string fractions = "5.000 7.5";
+    TextCursor fraction(fractions);
+    fraction >> value;
+    EXPECT_TRUE(skipZeroFraction(fraction));
+    fraction >> value;
+    EXPECT_FALSE(skipZeroFraction(fraction));
+    EXPECT_EQ(value, 7);
+    EXPECT_TRUE(fraction.fail());
+}
