@@ -451,4 +451,58 @@ QJsonDocument importJson(const QString& path, const QString& calibrationPath,
                                      {QStringLiteral("written"), written}});
 }
 
+QStringList editLines(const Tupsim::RecordEdit& edit) {
+    QStringList lines;
+    lines << QStringLiteral("block %1 at %2 %3:")
+                 .arg(QString::number(edit.id), offsetText(edit.offset), edit.name);
+    int width = 8; // "checksum"
+    for (const Tupsim::FieldChange& change : edit.changes)
+        width = std::max(width, static_cast<int>(change.field.size()));
+    for (const Tupsim::FieldChange& change : edit.changes)
+        lines << QStringLiteral("  %1  %2 -> %3")
+                     .arg(change.field.leftJustified(width), change.before, change.after);
+    lines << QStringLiteral("  %1  %2 -> %3")
+                 .arg(QStringLiteral("checksum").leftJustified(width), hex16(edit.checksumBefore),
+                      hex16(edit.checksumAfter));
+    return lines;
+}
+
+QJsonDocument editJson(const QString& path, const Tupsim::RecordEdit& edit,
+                       const QString& written) {
+    QJsonArray changes;
+    for (const Tupsim::FieldChange& change : edit.changes)
+        changes.append(QJsonObject{{QStringLiteral("field"), change.field},
+                                   {QStringLiteral("before"), change.before},
+                                   {QStringLiteral("after"), change.after}});
+    return QJsonDocument(QJsonObject{
+        {QStringLiteral("image"), path},
+        {QStringLiteral("id"), edit.id},
+        {QStringLiteral("offset"), edit.offset},
+        {QStringLiteral("name"), edit.name},
+        {QStringLiteral("changes"), changes},
+        {QStringLiteral("checksum"), QJsonObject{{QStringLiteral("before"), edit.checksumBefore},
+                                                 {QStringLiteral("after"), edit.checksumAfter}}},
+        {QStringLiteral("written"), written.isEmpty() ? QJsonValue() : QJsonValue(written)}});
+}
+
+QStringList repairLines(const Tupsim::RepairPlan& plan) {
+    QStringList lines;
+    for (const Tupsim::BlockRepair& repair : plan.repairs) {
+        QStringList parts;
+        if (repair.crc)
+            parts << QStringLiteral("CRC-32 %1 -> %2")
+                         .arg(hex32(repair.crcBefore), hex32(repair.crcAfter));
+        parts << (repair.checksum
+                      ? QStringLiteral("checksum %1 -> %2")
+                            .arg(hex16(repair.checksumBefore), hex16(repair.checksumAfter))
+                      : QStringLiteral("checksum %1 stays").arg(hex16(repair.checksumBefore)));
+        lines << QStringLiteral("block %1 at %2 %3: %4")
+                     .arg(QString::number(repair.id), offsetText(repair.offset), repair.name,
+                          parts.join(QStringLiteral(", ")));
+    }
+    if (!plan.repairs.isEmpty())
+        lines << QStringLiteral("%1 repaired").arg(blocksText(plan.repairs.size()));
+    return lines;
+}
+
 } // namespace epromtool

@@ -27,6 +27,7 @@ public:
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("epromtool"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(EPROMTOOL_VERSION));
     QuietDebugServer quiet;
     Tupsim::setDebugServer(&quiet);
     const int code = epromtool::dispatch(QCoreApplication::arguments());
