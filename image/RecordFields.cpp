@@ -51,6 +51,7 @@ struct Spec {
 struct Table {
     QVector<Spec> specs;
     bool (*isClass)(HwDatablock*) = nullptr;
+    int recordSize = 8; // bytes the fields need
 };
 
 template <typename C> bool isA(HwDatablock* block) {
@@ -264,18 +265,19 @@ Table tableFor(quint16 id, const QByteArray& block) {
     const QLatin1String cls(kind.className);
     Table table;
     if (cls == QLatin1String("HwDatablockIdent"))
-        table = {identSpecs(true, true, id == 10), &isA<HwDatablockIdent>};
+        table = {identSpecs(true, true, id == 10), &isA<HwDatablockIdent>, 44};
     else if (cls == QLatin1String("HwDatablockMiscIdent"))
-        table = {identSpecs(false, false, false), &isA<HwDatablockMiscIdent>};
+        table = {identSpecs(false, false, false), &isA<HwDatablockMiscIdent>, 44};
     else if (cls == QLatin1String("HwDatablockCwop6VcoIdent"))
-        table = {vcoSpecs(), &isA<HwDatablockCwop6VcoIdent>};
+        table = {vcoSpecs(), &isA<HwDatablockCwop6VcoIdent>, 28};
     else if (cls == QLatin1String("HwDatablockMbrdSerialNumber"))
         table = {{number("SN", kU32,
                          [](HwDatablock& b, const Value& v) {
                              as<HwDatablockMbrdSerialNumber>(b).setSerialNumber(
                                  static_cast<unsigned>(v.number));
                          })},
-                 &isA<HwDatablockMbrdSerialNumber>};
+                 &isA<HwDatablockMbrdSerialNumber>,
+                 12};
     else if (cls == QLatin1String("HwDatablockMbrdModel"))
         table = {{withRule(number("MODEL", 31,
                                   [](HwDatablock& b, const Value& v) {
@@ -283,37 +285,41 @@ Table tableFor(quint16 id, const QByteArray& block) {
                                           QString::fromLatin1(v.text));
                                   }),
                            Rule::Text)},
-                 &isA<HwDatablockMbrdModel>};
+                 &isA<HwDatablockMbrdModel>,
+                 40};
     else if (cls == QLatin1String("HwDatablockServiceData"))
-        table = {serviceSpecs(), &isA<HwDatablockServiceData>};
+        table = {serviceSpecs(), &isA<HwDatablockServiceData>, 24};
     else if (cls == QLatin1String("HwDatablockStatistic"))
         table = {{number("OPHOURS", kU32,
                          [](HwDatablock& b, const Value& v) {
                              as<HwDatablockStatistic>(b).setOpHours(
                                  static_cast<unsigned>(v.number));
                          })},
-                 &isA<HwDatablockStatistic>};
+                 &isA<HwDatablockStatistic>,
+                 12};
     else if (cls == QLatin1String("HwDatablockModification") ||
              cls == QLatin1String("HwDatablockModification110"))
-        table = {modificationSpecs(), &isA<HwDatablockModification>};
+        table = {modificationSpecs(), &isA<HwDatablockModification>, 28};
     else if (cls == QLatin1String("HwDatablockModification120"))
-        table = {modification120Specs(block), &isA<HwDatablockModification120>};
+        table = {modification120Specs(block), &isA<HwDatablockModification120>, 8};
     else if (cls == QLatin1String("HwDatablockSAttCCounter"))
-        table = {sattcSpecs(), &isA<HwDatablockSAttCCounter>};
+        table = {sattcSpecs(), &isA<HwDatablockSAttCCounter>, 16};
     else if (cls == QLatin1String("HwDatablockSAtt3OWLDCounter"))
         table = {{number("COUNT_VALUE", kU32,
                          [](HwDatablock& b, const Value& v) {
                              as<HwDatablockSAtt3OWLDCounter>(b).setCounterValue(
                                  static_cast<unsigned>(v.number), 0);
                          })},
-                 &isA<HwDatablockSAtt3OWLDCounter>};
+                 &isA<HwDatablockSAtt3OWLDCounter>,
+                 12};
     else if (cls == QLatin1String("HwDatablockSAtt6OWLDCounter"))
         table = {{number("COUNT_VALUE", kU32,
                          [](HwDatablock& b, const Value& v) {
                              as<HwDatablockSAtt6OWLDCounter>(b).setCounterValue(
                                  static_cast<unsigned>(v.number), 0);
                          })},
-                 &isA<HwDatablockSAtt6OWLDCounter>};
+                 &isA<HwDatablockSAtt6OWLDCounter>,
+                 12};
     return table;
 }
 
@@ -574,6 +580,13 @@ bool setField(QByteArray& block, const QString& name, const QString& text, QStri
         return false;
     }
     const Spec& spec = table.specs[found];
+    if (block.size() < table.recordSize) {
+        error = QStringLiteral("%1 cannot be set: the block has %2 bytes, its record %3")
+                    .arg(spec.name)
+                    .arg(block.size())
+                    .arg(table.recordSize);
+        return false;
+    }
     if (spec.set == nullptr) {
         error = QStringLiteral("%1 is read only: the block's class has no setter for it")
                     .arg(spec.name);

@@ -173,6 +173,7 @@ INSTANTIATE_TEST_SUITE_P(
                     "no field SERVICECODE11; the block has SERVICECODE1, SERVICECODE2, "
                     "SERVICECODE3, SERVICECODE4, SERVICECODE5, SERVICECODE6, SERVICECODE7, "
                     "SERVICECODE8, SERVICECODE9, SERVICECODE10"},
+        RefusalCase{2, 20, "SN", "1", "SN cannot be set: the block has 20 bytes, its record 44"},
         RefusalCase{15730, 56, "SN", "1", "block 15730 has no named fields"}));
 
 TEST(RecordFields, ANameWithBytesThePrintingCannotShowDoesNotReadBack) {
