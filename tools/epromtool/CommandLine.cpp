@@ -32,18 +32,21 @@ const CommandEntry kCommands[] = {
 };
 
 QString exitCodeHelp() {
-    return QStringLiteral("Exit codes:\n"
-                          "  0   all good\n"
-                          "  1   a checksum or CRC-32 failed\n"
-                          "  2   an image or file could not be read, or the chain is broken\n"
-                          "  3   the output could not be written\n"
-                          "  64  usage error");
+    return QStringLiteral(
+        "Exit codes:\n"
+        "  0   all good\n"
+        "  1   a checksum or CRC-32 failed\n"
+        "  2   an image or file could not be read, the chain is broken, or a block,\n"
+        "      field or value was refused\n"
+        "  3   the output could not be written\n"
+        "  64  usage error");
 }
 
 QString description() {
-    QString text = QStringLiteral("Lists, checks, exports and imports the datablocks of a whole "
-                                  "EEPROM image.\n\nCommands (epromtool COMMAND --help for "
-                                  "more):\n");
+    QString text = QStringLiteral(
+        "Lists, checks, exports, imports, edits and repairs the "
+        "datablocks of a whole EEPROM image.\n\nCommands (epromtool COMMAND --help for "
+        "more):\n");
     for (const CommandEntry& command : kCommands)
         text += QStringLiteral("  %1  %2\n")
                     .arg(QString::fromLatin1(command.name).leftJustified(7),

@@ -1,4 +1,5 @@
-// epromtool: lists, checks, exports and imports the datablocks of whole EEPROM images.
+// epromtool: lists, checks, exports, imports, edits and repairs the datablocks of whole EEPROM
+// images.
 #include "CommandLine.h"
 
 #include <IDebugServer.h>
