@@ -198,6 +198,12 @@ std::string listing(const EepromImage& image) {
         names.push_back(image.kindOf(i).name());
         nameWidth = std::max(nameWidth, names.back().size());
     }
+    // Offsets of a chain deep inside a large file need more than four digits.
+    std::size_t offsetWidth = 6;
+    if (image.blockCount() > 0)
+        offsetWidth = std::max(offsetWidth,
+                               static_cast<std::size_t>(
+                                   offsetText(image.block(image.blockCount() - 1).offset).size()));
     std::string text;
     text.reserve(static_cast<std::size_t>(image.blockCount() + 3) * (nameWidth + 48));
     const auto left = [&text](std::string_view field, std::size_t width) {
@@ -212,7 +218,7 @@ std::string listing(const EepromImage& image) {
     };
     const auto row = [&](std::string_view offset, std::string_view id, std::string_view name,
                          std::string_view size, std::string_view checksum, std::string_view crc) {
-        left(offset, 6);
+        left(offset, offsetWidth);
         text += "  ";
         right(id, 5);
         text += "  ";
