@@ -36,7 +36,7 @@ enum class Rule { Number, Text, Date, PartNumber, TwoPart, Hours };
 
 using Setter = void (*)(HwDatablock&, const Value&);
 
-struct Spec {
+struct FieldDef {
     QString name;
     QString label;
     int line = 0;
@@ -49,7 +49,7 @@ struct Spec {
 
 // The fields of one block class and the test that the object is of that class.
 struct Table {
-    QVector<Spec> specs;
+    QVector<FieldDef> defs;
     bool (*isClass)(HwDatablock*) = nullptr;
     int recordSize = 8; // bytes the fields need
 };
@@ -62,23 +62,23 @@ template <typename C> C& as(HwDatablock& block) {
     return static_cast<C&>(block);
 }
 
-Spec number(const char* label, quint64 max, Setter set) {
-    Spec spec;
-    spec.name = spec.label = QLatin1String(label);
-    spec.max = max;
-    spec.set = set;
-    return spec;
+FieldDef number(const char* label, quint64 max, Setter set) {
+    FieldDef def;
+    def.name = def.label = QLatin1String(label);
+    def.max = max;
+    def.set = set;
+    return def;
 }
 
-Spec withRule(Spec spec, Rule rule) {
-    spec.rule = rule;
-    return spec;
+FieldDef withRule(FieldDef def, Rule rule) {
+    def.rule = rule;
+    return def;
 }
 
-Spec readOnly(const char* label, Rule rule, quint64 max = 0) {
-    Spec spec = number(label, max, nullptr);
-    spec.rule = rule;
-    return spec;
+FieldDef readOnly(const char* label, Rule rule, quint64 max = 0) {
+    FieldDef def = number(label, max, nullptr);
+    def.rule = rule;
+    return def;
 }
 
 constexpr quint64 kU8 = 0xFF;
@@ -88,61 +88,61 @@ constexpr quint64 kHours = 0x3FFFF; // 18 bits
 
 // The identification layout shared by the ident and misc ident blocks; `settable` adds the
 // ident block's setters.
-QVector<Spec> identSpecs(bool settable, bool alignmentLine, bool nameSuffix) {
+QVector<FieldDef> identFields(bool settable, bool alignmentLine, bool nameSuffix) {
     using I = HwDatablockIdent;
-    QVector<Spec> specs;
+    QVector<FieldDef> defs;
     if (alignmentLine)
-        specs << readOnly("ALIGNMENT", Rule::Number, kU16)
-              << number("EEPROMSIZE", kU32, [](HwDatablock& b, const Value& v) {
-                     as<I>(b).setEepromSize(static_cast<unsigned>(v.number));
-                 });
-    specs << withRule(number("PARTNUMBER", kU32,
-                             [](HwDatablock& b, const Value& v) {
-                                 as<I>(b).setPartNumber(static_cast<unsigned>(v.number));
-                                 as<I>(b).setVariant(static_cast<unsigned char>(v.second));
-                             }),
-                      Rule::PartNumber)
-          << number("HWCODE", kU8,
-                    [](HwDatablock& b, const Value& v) {
-                        as<I>(b).setHardwareCode(static_cast<unsigned char>(v.number));
-                    })
-          << withRule(number("PRODUCTINDEX", kU16,
-                             [](HwDatablock& b, const Value& v) {
-                                 as<I>(b).setProductIndex(static_cast<unsigned short>(v.number));
-                             }),
-                      Rule::TwoPart)
-          << number("SN", kU32,
-                    [](HwDatablock& b, const Value& v) {
-                        as<I>(b).setSerialNumber(static_cast<unsigned>(v.number));
-                    })
-          << withRule(number("PRODUCTDATE", kU16,
-                             [](HwDatablock& b, const Value& v) {
-                                 as<I>(b).setProductDate(static_cast<unsigned short>(v.number));
-                             }),
-                      Rule::Date)
-          << number("READCODE", kU16,
-                    [](HwDatablock& b, const Value& v) {
-                        as<I>(b).setReadCode(static_cast<unsigned short>(v.number));
-                    })
-          << withRule(number("TESTINSTRUCTION", kU16,
-                             [](HwDatablock& b, const Value& v) {
-                                 as<I>(b).setTestInstruction(static_cast<unsigned short>(v.number));
-                             }),
-                      Rule::TwoPart)
-          << withRule(number("NAME", 14,
-                             [](HwDatablock& b, const Value& v) {
-                                 as<I>(b).setName(QString::fromLatin1(v.text));
-                             }),
-                      Rule::Text);
+        defs << readOnly("ALIGNMENT", Rule::Number, kU16)
+             << number("EEPROMSIZE", kU32, [](HwDatablock& b, const Value& v) {
+                    as<I>(b).setEepromSize(static_cast<unsigned>(v.number));
+                });
+    defs << withRule(number("PARTNUMBER", kU32,
+                            [](HwDatablock& b, const Value& v) {
+                                as<I>(b).setPartNumber(static_cast<unsigned>(v.number));
+                                as<I>(b).setVariant(static_cast<unsigned char>(v.second));
+                            }),
+                     Rule::PartNumber)
+         << number("HWCODE", kU8,
+                   [](HwDatablock& b, const Value& v) {
+                       as<I>(b).setHardwareCode(static_cast<unsigned char>(v.number));
+                   })
+         << withRule(number("PRODUCTINDEX", kU16,
+                            [](HwDatablock& b, const Value& v) {
+                                as<I>(b).setProductIndex(static_cast<unsigned short>(v.number));
+                            }),
+                     Rule::TwoPart)
+         << number("SN", kU32,
+                   [](HwDatablock& b, const Value& v) {
+                       as<I>(b).setSerialNumber(static_cast<unsigned>(v.number));
+                   })
+         << withRule(number("PRODUCTDATE", kU16,
+                            [](HwDatablock& b, const Value& v) {
+                                as<I>(b).setProductDate(static_cast<unsigned short>(v.number));
+                            }),
+                     Rule::Date)
+         << number("READCODE", kU16,
+                   [](HwDatablock& b, const Value& v) {
+                       as<I>(b).setReadCode(static_cast<unsigned short>(v.number));
+                   })
+         << withRule(number("TESTINSTRUCTION", kU16,
+                            [](HwDatablock& b, const Value& v) {
+                                as<I>(b).setTestInstruction(static_cast<unsigned short>(v.number));
+                            }),
+                     Rule::TwoPart)
+         << withRule(number("NAME", 14,
+                            [](HwDatablock& b, const Value& v) {
+                                as<I>(b).setName(QString::fromLatin1(v.text));
+                            }),
+                     Rule::Text);
     if (nameSuffix)
-        specs.last().suffix = 2;
+        defs.last().suffix = 2;
     if (!settable)
-        for (Spec& spec : specs)
-            spec.set = nullptr;
-    return specs;
+        for (FieldDef& def : defs)
+            def.set = nullptr;
+    return defs;
 }
 
-QVector<Spec> serviceSpecs() {
+QVector<FieldDef> serviceFields() {
     using S = HwDatablockServiceData;
     return {withRule(number("DEPARTMENT", 6,
                             [](HwDatablock& b, const Value& v) {
@@ -170,7 +170,7 @@ QVector<Spec> serviceSpecs() {
             })};
 }
 
-QVector<Spec> vcoSpecs() {
+QVector<FieldDef> vcoFields() {
     using V = HwDatablockCwop6VcoIdent;
     return {number("JOBNR", kU32,
                    [](HwDatablock& b, const Value& v) {
@@ -210,7 +210,7 @@ QVector<Spec> vcoSpecs() {
 }
 
 // Ten service codes, all printed under the same label.
-QVector<Spec> modificationSpecs() {
+QVector<FieldDef> modificationFields() {
     using M = HwDatablockModification;
     static const Setter setters[10] = {
 #define EPROM_CODE_SETTER(i)                                                                       \
@@ -222,37 +222,37 @@ QVector<Spec> modificationSpecs() {
         EPROM_CODE_SETTER(8), EPROM_CODE_SETTER(9)
 #undef EPROM_CODE_SETTER
     };
-    QVector<Spec> specs;
+    QVector<FieldDef> defs;
     for (int i = 0; i < 10; ++i) {
-        Spec spec = number("SERVICECODE", kU16, setters[i]);
-        spec.name = QStringLiteral("SERVICECODE%1").arg(i + 1);
-        spec.line = i;
-        specs << spec;
+        FieldDef def = number("SERVICECODE", kU16, setters[i]);
+        def.name = QStringLiteral("SERVICECODE%1").arg(i + 1);
+        def.line = i;
+        defs << def;
     }
-    return specs;
+    return defs;
 }
 
 // One read-only code per 32-bit word behind the header.
-QVector<Spec> modification120Specs(const QByteArray& block) {
-    QVector<Spec> specs;
+QVector<FieldDef> modification120Fields(const QByteArray& block) {
+    QVector<FieldDef> defs;
     const int codes = (block.size() - 8) / 4;
     for (int i = 0; i < codes; ++i) {
-        Spec spec = readOnly("SERVICECODE", Rule::Number, kU32);
-        spec.name = QStringLiteral("SERVICECODE%1").arg(i + 1);
-        spec.line = i;
-        specs << spec;
+        FieldDef def = readOnly("SERVICECODE", Rule::Number, kU32);
+        def.name = QStringLiteral("SERVICECODE%1").arg(i + 1);
+        def.line = i;
+        defs << def;
     }
-    return specs;
+    return defs;
 }
 
-QVector<Spec> sattcSpecs() {
+QVector<FieldDef> sattcFields() {
     using C = HwDatablockSAttCCounter;
-    Spec first = number("COUNT_VALUE", kU32, [](HwDatablock& b, const Value& v) {
+    FieldDef first = number("COUNT_VALUE", kU32, [](HwDatablock& b, const Value& v) {
         as<C>(b).setCounterValue(static_cast<unsigned>(v.number), 0);
     });
     first.name = QStringLiteral("COUNT_VALUE1");
     first.column = 0;
-    Spec second = number("COUNT_VALUE", kU32, [](HwDatablock& b, const Value& v) {
+    FieldDef second = number("COUNT_VALUE", kU32, [](HwDatablock& b, const Value& v) {
         as<C>(b).setCounterValue(static_cast<unsigned>(v.number), 1);
     });
     second.name = QStringLiteral("COUNT_VALUE2");
@@ -265,11 +265,11 @@ Table tableFor(quint16 id, const QByteArray& block) {
     const QLatin1String cls(kind.className);
     Table table;
     if (cls == QLatin1String("HwDatablockIdent"))
-        table = {identSpecs(true, true, id == 10), &isA<HwDatablockIdent>, 44};
+        table = {identFields(true, true, id == 10), &isA<HwDatablockIdent>, 44};
     else if (cls == QLatin1String("HwDatablockMiscIdent"))
-        table = {identSpecs(false, false, false), &isA<HwDatablockMiscIdent>, 44};
+        table = {identFields(false, false, false), &isA<HwDatablockMiscIdent>, 44};
     else if (cls == QLatin1String("HwDatablockCwop6VcoIdent"))
-        table = {vcoSpecs(), &isA<HwDatablockCwop6VcoIdent>, 28};
+        table = {vcoFields(), &isA<HwDatablockCwop6VcoIdent>, 28};
     else if (cls == QLatin1String("HwDatablockMbrdSerialNumber"))
         table = {{number("SN", kU32,
                          [](HwDatablock& b, const Value& v) {
@@ -288,7 +288,7 @@ Table tableFor(quint16 id, const QByteArray& block) {
                  &isA<HwDatablockMbrdModel>,
                  40};
     else if (cls == QLatin1String("HwDatablockServiceData"))
-        table = {serviceSpecs(), &isA<HwDatablockServiceData>, 24};
+        table = {serviceFields(), &isA<HwDatablockServiceData>, 24};
     else if (cls == QLatin1String("HwDatablockStatistic"))
         table = {{number("OPHOURS", kU32,
                          [](HwDatablock& b, const Value& v) {
@@ -299,11 +299,11 @@ Table tableFor(quint16 id, const QByteArray& block) {
                  12};
     else if (cls == QLatin1String("HwDatablockModification") ||
              cls == QLatin1String("HwDatablockModification110"))
-        table = {modificationSpecs(), &isA<HwDatablockModification>, 28};
+        table = {modificationFields(), &isA<HwDatablockModification>, 28};
     else if (cls == QLatin1String("HwDatablockModification120"))
-        table = {modification120Specs(block), &isA<HwDatablockModification120>, 8};
+        table = {modification120Fields(block), &isA<HwDatablockModification120>, 8};
     else if (cls == QLatin1String("HwDatablockSAttCCounter"))
-        table = {sattcSpecs(), &isA<HwDatablockSAttCCounter>, 16};
+        table = {sattcFields(), &isA<HwDatablockSAttCCounter>, 16};
     else if (cls == QLatin1String("HwDatablockSAtt3OWLDCounter"))
         table = {{number("COUNT_VALUE", kU32,
                          [](HwDatablock& b, const Value& v) {
@@ -323,12 +323,12 @@ Table tableFor(quint16 id, const QByteArray& block) {
     return table;
 }
 
-QString ruleText(const Spec& spec) {
-    switch (spec.rule) {
+QString ruleText(const FieldDef& def) {
+    switch (def.rule) {
     case Rule::Number:
-        return QStringLiteral("a whole number from 0 to %1").arg(spec.max);
+        return QStringLiteral("a whole number from 0 to %1").arg(def.max);
     case Rule::Text:
-        return QStringLiteral("at most %1 printable ASCII characters").arg(spec.max);
+        return QStringLiteral("at most %1 printable ASCII characters").arg(def.max);
     case Rule::Date:
         return QStringLiteral("a date YYYY-MM-DD from 1980-01-01 to 2107-12-31");
     case Rule::PartNumber:
@@ -369,17 +369,17 @@ bool wholeNumber(const QString& text, quint64 max, quint64& value, QString& why)
 }
 
 // Parses `text` by the field's rule; false with the reason it does not fit.
-bool parse(const Spec& spec, const QString& text, Value& value, QString& why) {
-    switch (spec.rule) {
+bool parse(const FieldDef& def, const QString& text, Value& value, QString& why) {
+    switch (def.rule) {
     case Rule::Number:
-        return wholeNumber(text, spec.max, value.number, why);
+        return wholeNumber(text, def.max, value.number, why);
     case Rule::Text: {
         for (QChar c : text)
             if (c.unicode() < 0x20 || c.unicode() > 0x7E) {
                 why = QStringLiteral("has a character that is not printable ASCII");
                 return false;
             }
-        if (static_cast<quint64>(text.size()) > spec.max) {
+        if (static_cast<quint64>(text.size()) > def.max) {
             why = QStringLiteral("is too long (%1 characters)").arg(text.size());
             return false;
         }
@@ -428,7 +428,7 @@ bool parse(const Spec& spec, const QString& text, Value& value, QString& why) {
             return false;
         }
         value.number = m.captured(1).toULongLong() * 100 + m.captured(2).toULongLong();
-        if (value.number > spec.max) {
+        if (value.number > def.max) {
             why = QStringLiteral("is out of range");
             return false;
         }
@@ -443,7 +443,7 @@ bool parse(const Spec& spec, const QString& text, Value& value, QString& why) {
             why = QStringLiteral("is not a number of hours");
             return false;
         }
-        if (value.number > spec.max) {
+        if (value.number > def.max) {
             why = QStringLiteral("is out of range");
             return false;
         }
@@ -460,13 +460,13 @@ QString printedText(HwDatablock& block) {
 }
 
 // The value a field shows in `lines` (a section's lines); false when its line is missing.
-bool valueIn(const QStringList& lines, const Spec& spec, QString& value) {
-    const QString start = spec.label + QLatin1Char(':');
+bool valueIn(const QStringList& lines, const FieldDef& def, QString& value) {
+    const QString start = def.label + QLatin1Char(':');
     int seen = 0;
     for (const QString& raw : lines) {
         if (!raw.startsWith(start))
             continue;
-        if (seen++ != spec.line)
+        if (seen++ != def.line)
             continue;
         QString rest = raw.mid(start.size());
         if (rest.endsWith(QLatin1Char('\r')))
@@ -475,14 +475,14 @@ bool valueIn(const QStringList& lines, const Spec& spec, QString& value) {
         while (lead < rest.size() && rest[lead] == QLatin1Char(' '))
             ++lead;
         rest = rest.mid(lead);
-        if (spec.column >= 0) {
+        if (def.column >= 0) {
             const QStringList parts =
                 rest.split(QRegularExpression(QStringLiteral("\\s+")), Qt::SkipEmptyParts);
-            if (spec.column >= parts.size())
+            if (def.column >= parts.size())
                 return false;
-            rest = parts[spec.column];
-        } else if (spec.suffix > 0 && rest.endsWith(QString(spec.suffix, QLatin1Char(' ')))) {
-            rest.chop(spec.suffix);
+            rest = parts[def.column];
+        } else if (def.suffix > 0 && rest.endsWith(QString(def.suffix, QLatin1Char(' ')))) {
+            rest.chop(def.suffix);
         }
         value = rest;
         return true;
@@ -496,7 +496,7 @@ bool open(const QByteArray& block, std::unique_ptr<HwDatablock>& object, Table& 
         return false;
     const quint16 id = bytes::getLE<quint16>(block, 0);
     table = tableFor(id, block);
-    if (table.specs.isEmpty())
+    if (table.defs.isEmpty())
         return false;
     object = blockCatalogue::makeBlock(id, block);
     return object && table.isClass(object.get());
@@ -509,17 +509,17 @@ QByteArray withoutChecksum(QByteArray block) {
     return block;
 }
 
-int findSpec(const Table& table, const QString& name) {
-    for (int i = 0; i < table.specs.size(); ++i)
-        if (table.specs[i].name.compare(name, Qt::CaseInsensitive) == 0)
+int findDef(const Table& table, const QString& name) {
+    for (int i = 0; i < table.defs.size(); ++i)
+        if (table.defs[i].name.compare(name, Qt::CaseInsensitive) == 0)
             return i;
     return -1;
 }
 
 QString namesOf(const Table& table) {
     QStringList names;
-    for (const Spec& spec : table.specs)
-        names << spec.name;
+    for (const FieldDef& def : table.defs)
+        names << def.name;
     return names.join(QStringLiteral(", "));
 }
 
@@ -532,7 +532,7 @@ bool hasFields(quint16 id) {
     const QLatin1String cls(kind.className);
     // Modification120 has fields only when it holds codes, which the image decides.
     return cls == QLatin1String("HwDatablockModification120") ||
-           !tableFor(id, QByteArray()).specs.isEmpty();
+           !tableFor(id, QByteArray()).defs.isEmpty();
 }
 
 QVector<RecordField> fields(const QByteArray& block) {
@@ -542,24 +542,24 @@ QVector<RecordField> fields(const QByteArray& block) {
     if (!open(block, object, table))
         return result;
     const QStringList lines = printedText(*object).split(QLatin1Char('\n'));
-    for (const Spec& spec : table.specs) {
+    for (const FieldDef& def : table.defs) {
         RecordField field;
-        field.name = spec.name;
-        field.label = spec.label;
-        field.line = spec.line;
-        field.column = spec.column;
-        field.trailingBlanks = spec.suffix;
-        valueIn(lines, spec, field.value);
-        field.settable = spec.set != nullptr;
-        field.rule = field.settable ? ruleText(spec)
+        field.name = def.name;
+        field.label = def.label;
+        field.line = def.line;
+        field.column = def.column;
+        field.trailingBlanks = def.suffix;
+        valueIn(lines, def, field.value);
+        field.settable = def.set != nullptr;
+        field.rule = field.settable ? ruleText(def)
                                     : QStringLiteral("read only: the block's class has no "
                                                      "setter for it");
         Value value;
         QString why;
-        if (field.settable && parse(spec, field.value, value, why)) {
+        if (field.settable && parse(def, field.value, value, why)) {
             std::unique_ptr<HwDatablock> copy =
                 blockCatalogue::makeBlock(bytes::getLE<quint16>(block, 0), block);
-            spec.set(*copy, value);
+            def.set(*copy, value);
             field.readsBack = withoutChecksum(copy->getByteArrayData()) == withoutChecksum(block);
         }
         result << field;
@@ -574,43 +574,43 @@ bool setField(QByteArray& block, const QString& name, const QString& text, QStri
         error = QStringLiteral("block %1 has no named fields").arg(bytes::getLE<quint16>(block, 0));
         return false;
     }
-    const int found = findSpec(table, name);
+    const int found = findDef(table, name);
     if (found < 0) {
         error = QStringLiteral("no field %1; the block has %2").arg(name, namesOf(table));
         return false;
     }
-    const Spec& spec = table.specs[found];
+    const FieldDef& def = table.defs[found];
     if (block.size() < table.recordSize) {
         error = QStringLiteral("%1 cannot be set: the block has %2 bytes, its record %3")
-                    .arg(spec.name)
+                    .arg(def.name)
                     .arg(block.size())
                     .arg(table.recordSize);
         return false;
     }
-    if (spec.set == nullptr) {
-        error = QStringLiteral("%1 is read only: the block's class has no setter for it")
-                    .arg(spec.name);
+    if (def.set == nullptr) {
+        error =
+            QStringLiteral("%1 is read only: the block's class has no setter for it").arg(def.name);
         return false;
     }
     Value value;
     QString why;
-    if (!parse(spec, text, value, why)) {
+    if (!parse(def, text, value, why)) {
         error = QStringLiteral("%1: '%2' %3; the field takes %4")
-                    .arg(spec.name, text, why, ruleText(spec));
+                    .arg(def.name, text, why, ruleText(def));
         return false;
     }
-    spec.set(*object, value);
+    def.set(*object, value);
     block = object->getByteArrayData();
     return true;
 }
 
 bool sectionValue(const QStringList& sectionLines, const RecordField& field, QString& value) {
-    Spec spec;
-    spec.label = field.label;
-    spec.line = field.line;
-    spec.column = field.column;
-    spec.suffix = field.trailingBlanks;
-    return valueIn(sectionLines, spec, value);
+    FieldDef def;
+    def.label = field.label;
+    def.line = field.line;
+    def.column = field.column;
+    def.suffix = field.trailingBlanks;
+    return valueIn(sectionLines, def, value);
 }
 
 QString fieldNames(const QByteArray& block) {
