@@ -44,9 +44,10 @@ EepromImage::EepromImage() {
     walk();
 }
 
-EepromImage EepromImage::fromBytes(const QByteArray& bytes) {
+EepromImage EepromImage::fromBytes(const QByteArray& bytes, int chainStart) {
     EepromImage result;
     result.image = bytes;
+    result.start = chainStart;
     result.walk();
     return result;
 }
@@ -80,7 +81,8 @@ bool readWhole(QFile& file, qint64 size, QByteArray& content, std::shared_ptr<ch
 
 } // namespace
 
-bool EepromImage::fromFile(const QString& path, EepromImage& result, QString& error) {
+bool EepromImage::fromFile(const QString& path, EepromImage& result, QString& error,
+                           int chainStart) {
     const QFileInfo info(path);
     QString reason;
     QFile file(path);
@@ -105,7 +107,7 @@ bool EepromImage::fromFile(const QString& path, EepromImage& result, QString& er
         error = QStringLiteral("cannot read %1: %2").arg(path, reason);
         return false;
     }
-    result = fromBytes(content);
+    result = fromBytes(content, chainStart);
     result.storage = storage;
     return true;
 }
@@ -119,8 +121,13 @@ void EepromImage::walk() {
     if (image.isEmpty())
         return fail(0, QStringLiteral("the image is empty"));
 
+    if (start < 0 || start >= image.size())
+        return fail(qMax(start, 0),
+                    QStringLiteral("the chain start %1 lies at or past the end of the image (%2)")
+                        .arg(hex32(static_cast<unsigned>(start)), bytesText(image.size())));
+
     // Every step moves at least 8 bytes on, so the walk ends after at most size / 8 steps.
-    int offset = 0;
+    int offset = start;
     for (;;) {
         const int left = image.size() - offset;
         if (left == 0)
@@ -303,7 +310,7 @@ bool EepromImage::replaceBlocks(const QMap<int, QByteArray>& replacements, QStri
             return false;
         }
     }
-    QByteArray rebuilt;
+    QByteArray rebuilt = image.left(start);
     rebuilt.reserve(image.size());
     for (int i = 0; i < blocks.size(); ++i)
         rebuilt += replacements.contains(i) ? replacements.value(i)

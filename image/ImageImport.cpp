@@ -1,10 +1,12 @@
 // Reading an ASCII calibration file back into an EEPROM image: the plan and its application.
 #include "ImageImport.h"
 
+#include "RecordFields.h"
 #include "core/HwBytes.h"
 #include "image/TableKinds.h"
 
 #include <QHash>
+#include <QSet>
 #include <sstream>
 
 namespace Tupsim {
@@ -82,6 +84,55 @@ QString importBlocker(const tableKinds::TableKind& kind, const ImageBlock& entry
     return QStringLiteral("its own text form ") + change.differences();
 }
 
+// The lines of the section whose "ID:" line is `idLine` (1-based): up to the first empty line,
+// comment line or next "ID:" line.
+QStringList sectionBody(const QList<QByteArray>& lines, int idLine) {
+    QStringList body;
+    for (int i = idLine; i < lines.size(); ++i) {
+        const QByteArray trimmed = lines[i].trimmed();
+        if (trimmed.isEmpty() || trimmed.startsWith('#') || trimmed.startsWith("ID:"))
+            break;
+        body << QString::fromLatin1(lines[i]);
+    }
+    return body;
+}
+
+// Reads a record block back from its section field by field. A field whose line shows the
+// value the block prints keeps its stored bytes; an edited one goes through its setter. False,
+// with `error`, when an edited value does not fit its field.
+bool readRecord(ImportedBlock& block, const QStringList& body, int idLine, QString& error) {
+    const QVector<RecordField> fields = recordFields::fields(block.before);
+    QByteArray after = block.before;
+    QStringList changes;
+    for (const RecordField& field : fields) {
+        QString value;
+        if (!recordFields::sectionValue(body, field, value)) {
+            block.complaints << QStringLiteral("no %1 line, %2 kept")
+                                    .arg(field.label + QLatin1Char(':'), field.name);
+            continue;
+        }
+        if (value == field.value)
+            continue;
+        QString why;
+        if (!recordFields::setField(after, field.name, value, why)) {
+            error = QStringLiteral("section %1 (line %2), %3").arg(block.name).arg(idLine).arg(why);
+            return false;
+        }
+        changes << QStringLiteral("%1 %2 -> %3").arg(field.name, field.value, value);
+    }
+    if (after == block.before) {
+        block.outcome = ImportedBlock::Unchanged;
+        return true;
+    }
+    block.outcome = ImportedBlock::Changed;
+    block.after = after;
+    block.note =
+        changes.join(QStringLiteral(", ")) + QStringLiteral(", checksum %1 -> %2")
+                                                 .arg(hex16(bytes::getLE<quint16>(block.before, 4)),
+                                                      hex16(bytes::getLE<quint16>(after, 4)));
+    return true;
+}
+
 QStringList complaintLines(const TextReadStatus& status) {
     QStringList lines;
     for (const TextReadComplaint& complaint : status.complaints)
@@ -150,7 +201,9 @@ ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationTex
     ImportPlan plan;
     const Sections sections(calibrationText);
     const std::string text = calibrationText.toStdString();
+    const QList<QByteArray> lines = calibrationText.split('\n');
     QHash<QString, BlockKindInfo> imageNames; // the kind of the first block of each name
+    QSet<QString> recordNames;                // record blocks read back field by field
     for (int i = 0; i < image.blockCount(); ++i) {
         const ImageBlock& entry = image.block(i);
         const BlockKindInfo kind = image.kindOf(i);
@@ -158,6 +211,24 @@ ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationTex
         if (!imageNames.contains(name))
             imageNames.insert(name, kind);
         const tableKinds::TableKind* table = tableKinds::find(entry.id);
+        if (!entry.isEnd && !name.isEmpty() && sections.lineOf.value(name) > 0 &&
+            !recordNames.contains(name) && recordFields::hasFields(entry.id) &&
+            !recordFields::fields(image.blockBytes(i)).isEmpty()) {
+            ImportedBlock block;
+            block.index = i;
+            block.id = entry.id;
+            block.offset = entry.offset;
+            block.name = name;
+            block.before = image.blockBytes(i);
+            const int idLine = sections.lineOf.value(name);
+            if (!readRecord(block, sectionBody(lines, idLine), idLine, plan.error)) {
+                plan.ok = false;
+                return plan;
+            }
+            recordNames.insert(name);
+            plan.blocks.append(block);
+            continue;
+        }
         if (entry.isEnd || !kind.readsBack || table == nullptr || !sections.lineOf.contains(name))
             continue;
 
@@ -209,7 +280,8 @@ ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationTex
         if (found == imageNames.constEnd())
             plan.skipped.append({section.first, section.second,
                                  QStringLiteral("no block of the image has this name")});
-        else if (!found->readsBack && found->kind != BlockKind::End)
+        else if (!found->readsBack && found->kind != BlockKind::End &&
+                 !recordNames.contains(section.first))
             plan.skipped.append({section.first, section.second, skipReason(*found)});
     }
     return plan;

@@ -51,14 +51,19 @@ public:
     // An empty image: one problem, "the image is empty".
     EepromImage();
 
-    // Walks the chain of `bytes`, which the image keeps as they are.
-    static EepromImage fromBytes(const QByteArray& bytes);
+    // Walks the chain of `bytes` from byte `chainStart` on; the image keeps all of `bytes` as
+    // they are, and block offsets count from the start of `bytes`. A start at or past the end
+    // is a broken chain.
+    static EepromImage fromBytes(const QByteArray& bytes, int chainStart = 0);
     // Reads a whole file of at most MaxFileSize bytes; false, with `error` ("cannot read PATH:
     // REASON"), when it cannot.
-    static bool fromFile(const QString& path, EepromImage& image, QString& error);
+    static bool fromFile(const QString& path, EepromImage& image, QString& error,
+                         int chainStart = 0);
     static constexpr qint64 MaxFileSize = 16 * 1024 * 1024;
 
     const QByteArray& bytes() const { return image; }
+    // Where the chain starts; the bytes before it are never changed.
+    int chainStart() const { return start; }
     int size() const { return image.size(); }
 
     // The blocks in chain order; the end block, when found, is the last one.
@@ -93,9 +98,11 @@ public:
     int bytesFree() const { return chainBroken() ? 0 : image.size() - used; }
 
     // Replaces block `index` with `block` (a whole image of one block, header included). The
-    // image keeps its length: the free bytes follow the new end block as they were, cut short
-    // at the end of the image when the chain grew, filled up with 0xFF there when it shrank. False, with `error`, when the chain is broken, the index is not a data
-    // block, the new block is not a block image, or the chain would no longer fit.
+    // bytes before the chain stay as they are, and the image keeps its length: the free bytes
+    // follow the new end block as they were, cut short at the end of the image when the chain
+    // grew, filled up with 0xFF there when it shrank. False, with `error`, when the chain is
+    // broken, the index is not a data block, the new block is not a block image, or the chain
+    // would no longer fit.
     bool replaceBlock(int index, const QByteArray& block, QString& error);
     // Replaces several blocks at once, by index; all or nothing.
     bool replaceBlocks(const QMap<int, QByteArray>& replacements, QString& error);
@@ -109,6 +116,7 @@ private:
     QVector<ImageBlock> blocks;
     QVector<ImageProblem> broken;
     int used = 0;
+    int start = 0;
 };
 
 // Offsets and 16-bit values as "0x" and four hexadecimal digits, 32-bit values with eight.

@@ -189,10 +189,11 @@ TEST(Tool, ImportWritesTheImageAndKeepsABackup) {
                        "changed, checksum %1 -> %2")
             .arg(hex4(word(original, 0xa4 + 4)), hex4(word(edited.bytes(), 0xa4 + 4)))));
     EXPECT_TRUE(lines.contains("block 15730 at 0x006c RFBO_ALC_FREQ: unchanged"));
+    EXPECT_TRUE(lines.contains("block 2 at 0x0000 IDENT_2: unchanged"));
     EXPECT_TRUE(lines.contains(
-        "section IDENT_2 (line 2): identification blocks are not imported, left as it was"));
+        "section USER_20010 (line 118): self-describing blocks are not imported, left as it was"));
     EXPECT_EQ(lines.mid(lines.size() - 2),
-              QStringList({"8 of 13 blocks have a section in cal.txt, 1 replaced",
+              QStringList({"12 of 13 blocks have a section in cal.txt, 1 replaced",
                            "wrote image.bin, previous kept as image.bin.bak"}));
     EXPECT_EQ(tool.read("image.bin"), edited.bytes());
     EXPECT_EQ(tool.read("image.bin.bak"), original);

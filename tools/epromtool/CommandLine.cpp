@@ -4,7 +4,9 @@
 #include "Commands.h"
 #include "Reports.h"
 
+#include <QCoreApplication>
 #include <QVector>
+#include <limits>
 
 namespace epromtool {
 
@@ -24,22 +26,27 @@ const CommandEntry kCommands[] = {
     {"diff", "compare two images block by block", runDiff},
     {"export", "write the blocks as an ASCII calibration file", runExport},
     {"import", "read the blocks back from an ASCII calibration file", runImport},
+    {"set", "set named fields of a record block (--id N FIELD=VALUE...)", runSet},
+    {"fix", "recompute failing checksums and CRC-32s", runFix},
     {"sample", "write a demonstration image (-o FILE)", runSample},
 };
 
 QString exitCodeHelp() {
-    return QStringLiteral("Exit codes:\n"
-                          "  0   all good\n"
-                          "  1   a checksum or CRC-32 failed\n"
-                          "  2   an image or file could not be read, or the chain is broken\n"
-                          "  3   the output could not be written\n"
-                          "  64  usage error");
+    return QStringLiteral(
+        "Exit codes:\n"
+        "  0   all good\n"
+        "  1   a checksum or CRC-32 failed\n"
+        "  2   an image or file could not be read, the chain is broken, or a block,\n"
+        "      field or value was refused\n"
+        "  3   the output could not be written\n"
+        "  64  usage error");
 }
 
 QString description() {
-    QString text = QStringLiteral("Lists, checks, exports and imports the datablocks of a whole "
-                                  "EEPROM image.\n\nCommands (epromtool COMMAND --help for "
-                                  "more):\n");
+    QString text = QStringLiteral(
+        "Lists, checks, exports, imports, edits and repairs the "
+        "datablocks of a whole EEPROM image.\n\nCommands (epromtool COMMAND --help for "
+        "more):\n");
     for (const CommandEntry& command : kCommands)
         text += QStringLiteral("  %1  %2\n")
                     .arg(QString::fromLatin1(command.name).leftJustified(7),
@@ -61,12 +68,37 @@ void CommandLine::addArgument(const QString& name, const QString& description) {
     required << name;
 }
 
+void CommandLine::addOptionalArguments(const QString& syntax, const QString& description) {
+    parser.addPositionalArgument(syntax, description, syntax);
+}
+
 void CommandLine::addOption(const QCommandLineOption& option) {
     parser.addOption(option);
 }
 
 void CommandLine::addJsonOption() {
     parser.addOption({QStringLiteral("json"), QStringLiteral("Machine-readable output (JSON).")});
+}
+
+void CommandLine::addOffsetOption() {
+    parser.addOption({QStringLiteral("offset"),
+                      QStringLiteral("The chain starts at byte N of the file, decimal or 0x "
+                                     "hexadecimal (default 0)."),
+                      QStringLiteral("N")});
+}
+
+int CommandLine::chainStart(int& start) const {
+    start = 0;
+    if (!parser.isSet(QStringLiteral("offset")))
+        return -1;
+    const QString text = parser.value(QStringLiteral("offset"));
+    bool ok = false;
+    const bool isHex = text.startsWith(QLatin1String("0x"), Qt::CaseInsensitive);
+    const qulonglong value = isHex ? text.mid(2).toULongLong(&ok, 16) : text.toULongLong(&ok, 10);
+    if (!ok || value > static_cast<qulonglong>(std::numeric_limits<int>::max()))
+        return usageError(QStringLiteral("'%1' is not an offset").arg(text));
+    start = static_cast<int>(value);
+    return -1;
 }
 
 void CommandLine::addWriteOptions(const QString& output) {
@@ -78,7 +110,7 @@ void CommandLine::addWriteOptions(const QString& output) {
                       QStringLiteral("Do not keep the replaced file as FILE.bak.")});
 }
 
-int CommandLine::parse(const QStringList& arguments) {
+int CommandLine::parse(const QStringList& arguments, bool takesRest) {
     if (!parser.parse(arguments))
         return usageError(parser.errorText());
     if (parser.isSet(QStringLiteral("help"))) {
@@ -89,7 +121,7 @@ int CommandLine::parse(const QStringList& arguments) {
     if (given < required.size())
         return usageError(
             QStringLiteral("missing %1").arg(required.mid(given).join(QLatin1Char(' '))));
-    if (given > required.size())
+    if (given > required.size() && !takesRest)
         return usageError(QStringLiteral("unexpected argument '%1'")
                               .arg(parser.positionalArguments().at(required.size())));
     return -1;
@@ -119,6 +151,7 @@ int dispatch(const QStringList& arguments) {
     QCommandLineParser parser;
     parser.setApplicationDescription(description());
     parser.addHelpOption();
+    parser.addVersionOption();
     parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("The command to run."),
                                  QStringLiteral("COMMAND [ARGUMENTS...]"));
     // Everything behind the command word belongs to the command.
@@ -129,6 +162,10 @@ int dispatch(const QStringList& arguments) {
     }
     if (parser.isSet(QStringLiteral("help"))) {
         out(parser.helpText().trimmed() + QStringLiteral("\n\n") + exitCodeHelp());
+        return ExitOk;
+    }
+    if (parser.isSet(QStringLiteral("version"))) {
+        out(QStringLiteral("epromtool ") + QCoreApplication::applicationVersion());
         return ExitOk;
     }
     const QStringList positional = parser.positionalArguments();

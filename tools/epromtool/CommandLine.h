@@ -27,15 +27,22 @@ public:
     // Adds a required positional argument.
     void addArgument(const QString& name, const QString& description);
     void addOption(const QCommandLineOption& option);
+    // Names the arguments that rest() returns, for the help text.
+    void addOptionalArguments(const QString& syntax, const QString& description);
     void addJsonOption();
+    // --offset N: where the chain starts in the file.
+    void addOffsetOption();
     // -o/--output FILE, --dry-run and --no-backup of the commands that write an image.
     void addWriteOptions(const QString& output);
 
     // -1 to go on; otherwise the exit code to return at once, after the help or the usage
     // error has been printed.
-    int parse(const QStringList& arguments);
+    // With `takesRest`, arguments behind the required ones are kept for rest().
+    int parse(const QStringList& arguments, bool takesRest = false);
 
     QString argument(int index) const;
+    // The positional arguments behind the required ones.
+    QStringList rest() const { return parser.positionalArguments().mid(required.size()); }
     bool isSet(const QString& option) const { return parser.isSet(option); }
     QString value(const QString& option) const { return parser.value(option); }
     QStringList values(const QString& option) const { return parser.values(option); }
@@ -45,6 +52,9 @@ public:
     int usageError(const QString& text) const;
     // Parses a block id given in decimal or as 0x...; false when it is none.
     static bool parseId(const QString& text, quint16& id);
+    // The value of --offset (0 when it is not given) in `start`; -1 to go on, else the usage
+    // error's exit code after the error has been printed.
+    int chainStart(int& start) const;
 
 private:
     QString command;

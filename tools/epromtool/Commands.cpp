@@ -11,9 +11,11 @@
 #include <ImageDiff.h>
 #include <ImageExport.h>
 #include <ImageImport.h>
+#include <ImageRepair.h>
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
+#include <RecordEdit.h>
 #include <iostream>
 
 using Tupsim::EepromImage;
@@ -26,9 +28,9 @@ const QString kImageArgument = QStringLiteral("IMAGE");
 const QString kImageHelp = QStringLiteral("The EEPROM image file.");
 
 // False, after one line on standard error, when the file cannot be read.
-bool load(const QString& path, EepromImage& image) {
+bool load(const QString& path, EepromImage& image, int chainStart) {
     QString reason;
-    if (EepromImage::fromFile(path, image, reason))
+    if (EepromImage::fromFile(path, image, reason, chainStart))
         return true;
     error(reason);
     return false;
@@ -51,12 +53,16 @@ int runReport(const QStringList& arguments, const QString& command, const QStrin
               QJsonDocument (*json)(const QString&, const EepromImage&)) {
     CommandLine line(command, description);
     line.addArgument(kImageArgument, kImageHelp);
+    line.addOffsetOption();
     line.addJsonOption();
-    const int early = line.parse(arguments);
+    int start = 0;
+    int early = line.parse(arguments);
+    if (early < 0)
+        early = line.chainStart(start);
     if (early >= 0)
         return early;
     EepromImage image;
-    if (!load(line.argument(0), image))
+    if (!load(line.argument(0), image, start))
         return ExitUnreadable;
     if (line.json())
         out(json(line.argument(0), image));
@@ -83,6 +89,32 @@ bool readFile(const QString& path, QByteArray& content) {
     return false;
 }
 
+// Writes `image` to -o FILE or back to `path`, keeping a backup unless --no-backup; with
+// --dry-run writes nothing. Adds what it did to `lines`; false (after printing `lines` and the
+// reason) when the write failed and the target was left as it was.
+bool writeImage(const CommandLine& line, const QString& path, const EepromImage& image,
+                QStringList& lines, QString& written) {
+    const QString target =
+        line.isSet(QStringLiteral("output")) ? line.value(QStringLiteral("output")) : path;
+    const bool keepBackup = !line.isSet(QStringLiteral("no-backup"));
+    if (line.isSet(QStringLiteral("dry-run"))) {
+        lines << QStringLiteral("dry run: %1 left as it is").arg(target);
+        return true;
+    }
+    const bool backedUp = keepBackup && QFileInfo::exists(target);
+    QString reason;
+    if (!safeWrite(target, image.bytes(), keepBackup, reason)) {
+        out(lines);
+        error(reason + QStringLiteral("; %1 left as it is").arg(target));
+        return false;
+    }
+    written = target;
+    lines << (backedUp
+                  ? QStringLiteral("wrote %1, previous kept as %2").arg(target, backupPath(target))
+                  : QStringLiteral("wrote %1").arg(target));
+    return true;
+}
+
 } // namespace
 
 int runList(const QStringList& arguments) {
@@ -107,8 +139,12 @@ int runShow(const QStringList& arguments) {
                     QStringLiteral("The block id, decimal or 0x hexadecimal (required)."),
                     QStringLiteral("N")});
     line.addOption({QStringLiteral("hex"), QStringLiteral("Print the bytes as a hex dump.")});
+    line.addOffsetOption();
     line.addJsonOption();
-    const int early = line.parse(arguments);
+    int start = 0;
+    int early = line.parse(arguments);
+    if (early < 0)
+        early = line.chainStart(start);
     if (early >= 0)
         return early;
     quint16 id = 0;
@@ -120,7 +156,7 @@ int runShow(const QStringList& arguments) {
 
     const QString path = line.argument(0);
     EepromImage image;
-    if (!load(path, image))
+    if (!load(path, image, start))
         return ExitUnreadable;
     QVector<int> chosen;
     for (int i = image.find(id); i >= 0; i = image.find(id, i + 1))
@@ -154,16 +190,20 @@ int runDiff(const QStringList& arguments) {
                                     "of payload bytes that differ."));
     line.addArgument(QStringLiteral("IMAGE_A"), QStringLiteral("The first image."));
     line.addArgument(QStringLiteral("IMAGE_B"), QStringLiteral("The second image."));
+    line.addOffsetOption();
     line.addJsonOption();
-    const int early = line.parse(arguments);
+    int start = 0;
+    int early = line.parse(arguments);
+    if (early < 0)
+        early = line.chainStart(start);
     if (early >= 0)
         return early;
     EepromImage a;
     EepromImage b;
-    if (!load(line.argument(0), a))
+    if (!load(line.argument(0), a, start))
         return ExitUnreadable;
     complain(line.argument(0), a.problems());
-    if (!load(line.argument(1), b))
+    if (!load(line.argument(1), b, start))
         return ExitUnreadable;
     complain(line.argument(1), b.problems());
     const Tupsim::ImageDiff diff = Tupsim::diffImages(a, b);
@@ -185,7 +225,11 @@ int runExport(const QStringList& arguments) {
     line.addOption({QStringLiteral("id"),
                     QStringLiteral("Export only blocks with this id; may be repeated."),
                     QStringLiteral("N")});
-    const int early = line.parse(arguments);
+    line.addOffsetOption();
+    int start = 0;
+    int early = line.parse(arguments);
+    if (early < 0)
+        early = line.chainStart(start);
     if (early >= 0)
         return early;
     QSet<quint16> ids;
@@ -198,7 +242,7 @@ int runExport(const QStringList& arguments) {
 
     const QString path = line.argument(0);
     EepromImage image;
-    if (!load(path, image))
+    if (!load(path, image, start))
         return ExitUnreadable;
     if (stopOnBrokenChain(path, image, QStringLiteral("exported")))
         return ExitUnreadable;
@@ -233,14 +277,18 @@ int runImport(const QStringList& arguments) {
     line.addArgument(kImageArgument, kImageHelp);
     line.addArgument(QStringLiteral("CALFILE"), QStringLiteral("The ASCII calibration file."));
     line.addWriteOptions(kImageArgument);
+    line.addOffsetOption();
     line.addJsonOption();
-    const int early = line.parse(arguments);
+    int start = 0;
+    int early = line.parse(arguments);
+    if (early < 0)
+        early = line.chainStart(start);
     if (early >= 0)
         return early;
 
     const QString path = line.argument(0);
     EepromImage image;
-    if (!load(path, image))
+    if (!load(path, image, start))
         return ExitUnreadable;
     if (stopOnBrokenChain(path, image, QStringLiteral("imported")))
         return ExitUnreadable;
@@ -270,29 +318,154 @@ int runImport(const QStringList& arguments) {
                  .arg(calibrationPath)
                  .arg(plan.changedCount());
 
-    const QString target =
-        line.isSet(QStringLiteral("output")) ? line.value(QStringLiteral("output")) : path;
-    const bool keepBackup = !line.isSet(QStringLiteral("no-backup"));
     QString written;
-    if (line.isSet(QStringLiteral("dry-run"))) {
-        lines << QStringLiteral("dry run: %1 left as it is").arg(target);
-    } else {
-        const bool backedUp = keepBackup && QFileInfo::exists(target);
-        if (!safeWrite(target, image.bytes(), keepBackup, reason)) {
-            out(lines);
-            error(reason + QStringLiteral("; %1 left as it is").arg(target));
-            return ExitWriteFailed;
-        }
-        written = target;
-        lines << (backedUp ? QStringLiteral("wrote %1, previous kept as %2")
-                                 .arg(target, backupPath(target))
-                           : QStringLiteral("wrote %1").arg(target));
-    }
+    if (!writeImage(line, path, image, lines, written))
+        return ExitWriteFailed;
     if (line.json())
         out(importJson(path, calibrationPath, plan, dataBlocks, written));
     else
         out(lines);
     return code;
+}
+
+int runSet(const QStringList& arguments) {
+    CommandLine line(QStringLiteral("set"),
+                     QStringLiteral("Sets named fields of an identification, service, statistic, "
+                                    "modification or counter block of IMAGE through the block's "
+                                    "own setters. FIELD is the label the block prints in the "
+                                    "calibration file (case-insensitive); every value is checked "
+                                    "against its field before anything is written, and several "
+                                    "assignments apply all or nothing. Writes IMAGE in place, "
+                                    "keeping IMAGE.bak."));
+    line.addArgument(kImageArgument, kImageHelp);
+    line.addOptionalArguments(QStringLiteral("FIELD=VALUE..."),
+                              QStringLiteral("The fields to set and their new values."));
+    line.addOption({QStringLiteral("id"),
+                    QStringLiteral("The block id, decimal or 0x hexadecimal (required)."),
+                    QStringLiteral("N")});
+    line.addOption({QStringLiteral("index"),
+                    QStringLiteral("Set the K-th block with that id, counting from 1 (default 1)."),
+                    QStringLiteral("K")});
+    line.addWriteOptions(kImageArgument);
+    line.addOffsetOption();
+    line.addJsonOption();
+    int start = 0;
+    int early = line.parse(arguments, true);
+    if (early < 0)
+        early = line.chainStart(start);
+    if (early >= 0)
+        return early;
+    quint16 id = 0;
+    if (!line.isSet(QStringLiteral("id")))
+        return line.usageError(QStringLiteral("missing --id N"));
+    if (!CommandLine::parseId(line.value(QStringLiteral("id")), id))
+        return line.usageError(
+            QStringLiteral("'%1' is not a block id").arg(line.value(QStringLiteral("id"))));
+    int occurrence = 1;
+    if (line.isSet(QStringLiteral("index"))) {
+        bool ok = false;
+        occurrence = line.value(QStringLiteral("index")).toInt(&ok, 10);
+        if (!ok || occurrence < 1)
+            return line.usageError(QStringLiteral("'%1' is not a block number from 1 on")
+                                       .arg(line.value(QStringLiteral("index"))));
+    }
+    const QStringList texts = line.rest();
+    if (texts.isEmpty())
+        return line.usageError(QStringLiteral("no FIELD=VALUE given"));
+    QVector<Tupsim::FieldAssignment> assignments;
+    for (const QString& text : texts) {
+        Tupsim::FieldAssignment assignment;
+        QString reason;
+        if (!Tupsim::parseAssignment(text, assignment, reason))
+            return line.usageError(reason);
+        assignments << assignment;
+    }
+
+    const QString path = line.argument(0);
+    EepromImage image;
+    if (!load(path, image, start))
+        return ExitUnreadable;
+    if (stopOnBrokenChain(path, image, QStringLiteral("set")))
+        return ExitUnreadable;
+    const Tupsim::RecordEdit edit = Tupsim::planRecordEdit(image, id, occurrence, assignments);
+    if (!edit.ok) {
+        error(QStringLiteral("%1: %2; nothing written").arg(path, edit.error));
+        return ExitUnreadable;
+    }
+    QStringList lines = editLines(edit);
+    QString reason;
+    if (!Tupsim::applyRecordEdit(image, edit, reason)) {
+        out(lines);
+        error(QStringLiteral("%1: %2; nothing written").arg(path, reason));
+        return ExitWriteFailed;
+    }
+    QString written;
+    if (!writeImage(line, path, image, lines, written))
+        return ExitWriteFailed;
+    if (line.json())
+        out(editJson(path, edit, written));
+    else
+        out(lines);
+    return exitCodeOf(image);
+}
+
+int runFix(const QStringList& arguments) {
+    CommandLine line(QStringLiteral("fix"),
+                     QStringLiteral("Recomputes the 16-bit checksum and, where the block has one, "
+                                    "the CRC-32 of every block of IMAGE whose check fails (or "
+                                    "only of blocks with --id N). Blocks the chain walk cannot "
+                                    "delimit are reported and left alone. An image with nothing "
+                                    "to fix is left untouched. Writes IMAGE in place, keeping "
+                                    "IMAGE.bak."));
+    line.addArgument(kImageArgument, kImageHelp);
+    line.addOption({QStringLiteral("id"),
+                    QStringLiteral("Repair only blocks with this id, decimal or 0x hexadecimal."),
+                    QStringLiteral("N")});
+    line.addWriteOptions(kImageArgument);
+    line.addOffsetOption();
+    int start = 0;
+    int early = line.parse(arguments);
+    if (early < 0)
+        early = line.chainStart(start);
+    if (early >= 0)
+        return early;
+    int onlyId = -1;
+    if (line.isSet(QStringLiteral("id"))) {
+        quint16 id = 0;
+        if (!CommandLine::parseId(line.value(QStringLiteral("id")), id))
+            return line.usageError(
+                QStringLiteral("'%1' is not a block id").arg(line.value(QStringLiteral("id"))));
+        onlyId = id;
+    }
+
+    const QString path = line.argument(0);
+    EepromImage image;
+    if (!load(path, image, start))
+        return ExitUnreadable;
+    if (onlyId >= 0 && !image.chainBroken() && image.find(static_cast<quint16>(onlyId)) < 0) {
+        error(QStringLiteral("%1: no block with id %2; nothing written").arg(path).arg(onlyId));
+        return ExitUnreadable;
+    }
+    const Tupsim::RepairPlan plan = Tupsim::planRepair(image, onlyId);
+    complain(path, plan.refused);
+    QStringList lines = repairLines(plan);
+    const int code = plan.refused.isEmpty() ? ExitOk : ExitUnreadable;
+    if (plan.nothingToDo()) {
+        lines << QStringLiteral("nothing to fix: %1 left as it is").arg(path);
+        out(lines);
+        return code;
+    }
+    QString reason;
+    if (!Tupsim::applyRepair(image, plan, reason)) {
+        out(lines);
+        error(QStringLiteral("%1: %2; nothing written").arg(path, reason));
+        return ExitWriteFailed;
+    }
+    QString written;
+    if (!writeImage(line, path, image, lines, written))
+        return ExitWriteFailed;
+    out(lines);
+    return worse(code, exitCodeOf(image));
 }
 
 int runSample(const QStringList& arguments) {

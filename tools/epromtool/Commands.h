@@ -12,6 +12,8 @@ int runShow(const QStringList& arguments);
 int runDiff(const QStringList& arguments);
 int runExport(const QStringList& arguments);
 int runImport(const QStringList& arguments);
+int runSet(const QStringList& arguments);
+int runFix(const QStringList& arguments);
 int runSample(const QStringList& arguments);
 
 } // namespace epromtool

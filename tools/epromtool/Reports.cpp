@@ -198,6 +198,12 @@ std::string listing(const EepromImage& image) {
         names.push_back(image.kindOf(i).name());
         nameWidth = std::max(nameWidth, names.back().size());
     }
+    // Offsets of a chain deep inside a large file need more than four digits.
+    std::size_t offsetWidth = 6;
+    if (image.blockCount() > 0)
+        offsetWidth = std::max(offsetWidth,
+                               static_cast<std::size_t>(
+                                   offsetText(image.block(image.blockCount() - 1).offset).size()));
     std::string text;
     text.reserve(static_cast<std::size_t>(image.blockCount() + 3) * (nameWidth + 48));
     const auto left = [&text](std::string_view field, std::size_t width) {
@@ -212,7 +218,7 @@ std::string listing(const EepromImage& image) {
     };
     const auto row = [&](std::string_view offset, std::string_view id, std::string_view name,
                          std::string_view size, std::string_view checksum, std::string_view crc) {
-        left(offset, 6);
+        left(offset, offsetWidth);
         text += "  ";
         right(id, 5);
         text += "  ";
@@ -449,6 +455,60 @@ QJsonDocument importJson(const QString& path, const QString& calibrationPath,
                                      {QStringLiteral("skippedSections"), skipped},
                                      {QStringLiteral("replaced"), plan.changedCount()},
                                      {QStringLiteral("written"), written}});
+}
+
+QStringList editLines(const Tupsim::RecordEdit& edit) {
+    QStringList lines;
+    lines << QStringLiteral("block %1 at %2 %3:")
+                 .arg(QString::number(edit.id), offsetText(edit.offset), edit.name);
+    int width = 8; // "checksum"
+    for (const Tupsim::FieldChange& change : edit.changes)
+        width = std::max(width, static_cast<int>(change.field.size()));
+    for (const Tupsim::FieldChange& change : edit.changes)
+        lines << QStringLiteral("  %1  %2 -> %3")
+                     .arg(change.field.leftJustified(width), change.before, change.after);
+    lines << QStringLiteral("  %1  %2 -> %3")
+                 .arg(QStringLiteral("checksum").leftJustified(width), hex16(edit.checksumBefore),
+                      hex16(edit.checksumAfter));
+    return lines;
+}
+
+QJsonDocument editJson(const QString& path, const Tupsim::RecordEdit& edit,
+                       const QString& written) {
+    QJsonArray changes;
+    for (const Tupsim::FieldChange& change : edit.changes)
+        changes.append(QJsonObject{{QStringLiteral("field"), change.field},
+                                   {QStringLiteral("before"), change.before},
+                                   {QStringLiteral("after"), change.after}});
+    return QJsonDocument(QJsonObject{
+        {QStringLiteral("image"), path},
+        {QStringLiteral("id"), edit.id},
+        {QStringLiteral("offset"), edit.offset},
+        {QStringLiteral("name"), edit.name},
+        {QStringLiteral("changes"), changes},
+        {QStringLiteral("checksum"), QJsonObject{{QStringLiteral("before"), edit.checksumBefore},
+                                                 {QStringLiteral("after"), edit.checksumAfter}}},
+        {QStringLiteral("written"), written.isEmpty() ? QJsonValue() : QJsonValue(written)}});
+}
+
+QStringList repairLines(const Tupsim::RepairPlan& plan) {
+    QStringList lines;
+    for (const Tupsim::BlockRepair& repair : plan.repairs) {
+        QStringList parts;
+        if (repair.crc)
+            parts << QStringLiteral("CRC-32 %1 -> %2")
+                         .arg(hex32(repair.crcBefore), hex32(repair.crcAfter));
+        parts << (repair.checksum
+                      ? QStringLiteral("checksum %1 -> %2")
+                            .arg(hex16(repair.checksumBefore), hex16(repair.checksumAfter))
+                      : QStringLiteral("checksum %1 stays").arg(hex16(repair.checksumBefore)));
+        lines << QStringLiteral("block %1 at %2 %3: %4")
+                     .arg(QString::number(repair.id), offsetText(repair.offset), repair.name,
+                          parts.join(QStringLiteral(", ")));
+    }
+    if (!plan.repairs.isEmpty())
+        lines << QStringLiteral("%1 repaired").arg(blocksText(plan.repairs.size()));
+    return lines;
 }
 
 } // namespace epromtool

@@ -5,8 +5,10 @@
 #include <EepromImage.h>
 #include <ImageDiff.h>
 #include <ImageImport.h>
+#include <ImageRepair.h>
 #include <QJsonDocument>
 #include <QStringList>
+#include <RecordEdit.h>
 #include <string>
 
 namespace epromtool {
@@ -46,5 +48,11 @@ QJsonDocument diffJson(const QString& pathA, const Tupsim::EepromImage& a, const
 QStringList importLines(const Tupsim::ImportPlan& plan);
 QJsonDocument importJson(const QString& path, const QString& calibrationPath,
                          const Tupsim::ImportPlan& plan, int dataBlocks, const QString& written);
+
+// The block set, then one line per field with its old and new value, then the checksum.
+QStringList editLines(const Tupsim::RecordEdit& edit);
+QJsonDocument editJson(const QString& path, const Tupsim::RecordEdit& edit, const QString& written);
+// One line per repaired block with its old and new checksum and CRC-32, then a count.
+QStringList repairLines(const Tupsim::RepairPlan& plan);
 
 } // namespace epromtool

@@ -1,4 +1,5 @@
-// epromtool: lists, checks, exports and imports the datablocks of whole EEPROM images.
+// epromtool: lists, checks, exports, imports, edits and repairs the datablocks of whole EEPROM
+// images.
 #include "CommandLine.h"
 
 #include <IDebugServer.h>
@@ -27,6 +28,7 @@ public:
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("epromtool"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(EPROMTOOL_VERSION));
     QuietDebugServer quiet;
     Tupsim::setDebugServer(&quiet);
     const int code = epromtool::dispatch(QCoreApplication::arguments());

@@ -1,0 +1,48 @@
+// The named fields of record blocks (identification, service, statistic, modification and
+// counter blocks), listed and set by the label each prints in a calibration file.
+#pragma once
+
+#include "EpromDatablockGlobal.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+namespace Tupsim {
+
+// One field of a record block as its section of a calibration file shows it.
+struct RecordField {
+    QString name;           // what `set` takes: the label, with a 1-based number where it repeats
+    QString label;          // the label as printed, without the colon: "SN", "SERVICECODE"
+    int line = 0;           // which line with this label in the section, 0 for the first
+    int column = -1;        // which blank-separated value of that line; -1 for the whole rest
+    int trailingBlanks = 0; // blanks the block prints behind the value
+    QString value;          // the value as the block prints it
+    QString rule;           // what the field takes, in words
+    bool settable = false;
+    bool readsBack = false; // the printed value sets the field to the bytes it holds
+};
+
+namespace recordFields {
+
+// True when blocks with `id` have named fields.
+EPROMDATABLOCK_EXPORT bool hasFields(quint16 id);
+// The fields of `block` (a whole block image whose id says its class), in printing order;
+// empty for blocks without named fields.
+EPROMDATABLOCK_EXPORT QVector<RecordField> fields(const QByteArray& block);
+// Sets field `name` (case-insensitive) of `block` from `value` through the block class's own
+// setter, which refreshes the checksum. False, with `error` and `block` untouched, for an
+// unknown field (the error lists the fields), a field without a setter, or a value that does
+// not fit the field (the error names the field and its rule). Nothing is truncated or wrapped.
+EPROMDATABLOCK_EXPORT bool setField(QByteArray& block, const QString& name, const QString& value,
+                                    QString& error);
+// The value `field` shows in the lines of a section (blanks after the label skipped, a
+// column picked, '\r' dropped); false when the section has no such line.
+EPROMDATABLOCK_EXPORT bool sectionValue(const QStringList& sectionLines, const RecordField& field,
+                                        QString& value);
+// The names of the fields of `block`, joined with ", ".
+EPROMDATABLOCK_EXPORT QString fieldNames(const QByteArray& block);
+
+} // namespace recordFields
+} // namespace Tupsim
