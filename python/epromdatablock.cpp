@@ -6,6 +6,7 @@
 #include <ImageExport.h>
 #include <ImageImport.h>
 #include <ImageTables.h>
+#include <RecordFields.h>
 #include <SafeWrite.h>
 
 #include <QSet>
@@ -425,6 +426,32 @@ PYBIND11_MODULE(epromdatablock, m) {
                 return Table{b.image, b.index};
             },
             "The block's calibration Table; None when it is no calibration table.")
+        .def_property_readonly(
+            "fields",
+            [](const Block& b) -> py::object {
+                if (!recordFields::hasFields(b.entry().id))
+                    return py::none();
+                py::dict fields;
+                for (const RecordField& field : recordFields::fields(b.image->blockBytes(b.index)))
+                    fields[py::cast(field.name)] = field.value;
+                return std::move(fields);
+            },
+            "The named fields of a record block as {name: value as printed}, in printing "
+            "order; None for blocks without named fields.")
+        .def(
+            "set_field",
+            [](const Block& b, const QString& name, const py::object& value) {
+                QByteArray bytes = b.image->blockBytes(b.index);
+                QString error;
+                if (!recordFields::setField(bytes, name, py::str(value).cast<QString>(), error) ||
+                    !b.image->replaceBlock(b.index, bytes, error))
+                    throw py::value_error(error.toStdString());
+            },
+            py::arg("name"), py::arg("value"),
+            "Sets a named field (case-insensitive) through the block class's own setter, which "
+            "recomputes the checksum; the value is given as it is printed (str, or a number). "
+            "ValueError for an unknown or read-only field, or a value that does not fit, naming "
+            "the field and its rule.")
         .def(
             "to_bytes", [](const Block& b) { return b.image->blockBytes(b.index); },
             "The block's own bytes, exactly its size.")
@@ -509,20 +536,26 @@ PYBIND11_MODULE(epromdatablock, m) {
         "never fails on the content: what is wrong is listed in `problems`.")
         .def_static(
             "open",
-            [](const std::filesystem::path& path) {
+            [](const std::filesystem::path& path, int offset) {
                 auto image = std::make_shared<EepromImage>();
                 QString error;
-                if (!EepromImage::fromFile(pathText(path), *image, error))
+                if (!EepromImage::fromFile(pathText(path), *image, error, offset))
                     raiseOSError(error);
                 return image;
             },
-            py::arg("path"), "Reads an image file. OSError when it cannot be read.")
+            py::arg("path"), py::arg("offset") = 0,
+            "Reads an image file whose chain starts at byte `offset`; block offsets count from "
+            "the start of the file, and saving keeps every byte before the chain. OSError when "
+            "the file cannot be read.")
         .def_static(
             "from_bytes",
-            [](const QByteArray& data) {
-                return std::make_shared<EepromImage>(EepromImage::fromBytes(data));
+            [](const QByteArray& data, int offset) {
+                return std::make_shared<EepromImage>(EepromImage::fromBytes(data, offset));
             },
-            py::arg("data"), "An image of the given bytes.")
+            py::arg("data"), py::arg("offset") = 0,
+            "An image of the given bytes whose chain starts at byte `offset`.")
+        .def_property_readonly("chain_start", &EepromImage::chainStart,
+                               "Byte where the chain starts; the bytes before it never change.")
         .def_property_readonly(
             "blocks",
             [](const ImagePtr& image) {

@@ -73,6 +73,10 @@ class Block:
     def ok(self) -> bool: ...
     @property
     def table(self) -> Optional[Table]: ...
+    @property
+    def fields(self) -> Optional[Dict[str, str]]: ...
+    def set_field(self, name: str, value: Union[str, int, float]) -> None:
+        """Sets a named field through the block's own setter; ValueError when it does not fit."""
     def to_bytes(self) -> bytes:
         """The block's own bytes."""
     def export(self) -> str:
@@ -120,11 +124,13 @@ class ImportPlan:
 class Image:
     """A whole EEPROM image: its chain of blocks walked once, each block checked."""
     @staticmethod
-    def open(path: _Path) -> "Image":
-        """Reads an image file; OSError when it cannot be read."""
+    def open(path: _Path, offset: int = 0) -> "Image":
+        """Reads an image file whose chain starts at `offset`; OSError when it cannot be read."""
     @staticmethod
-    def from_bytes(data: bytes) -> "Image":
-        """An image of the given bytes."""
+    def from_bytes(data: bytes, offset: int = 0) -> "Image":
+        """An image of the given bytes whose chain starts at `offset`."""
+    @property
+    def chain_start(self) -> int: ...
     @property
     def blocks(self) -> List[Block]: ...
     def __len__(self) -> int: ...
