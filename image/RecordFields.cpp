@@ -456,7 +456,9 @@ bool parse(const FieldDef& def, const QString& text, Value& value, QString& why)
 QString printedText(HwDatablock& block) {
     std::ostringstream out;
     block.printToStream(out);
-    return QString::fromStdString(out.str());
+    // Byte for byte, as the import reads a section's lines: a name may hold any byte.
+    const std::string text = out.str();
+    return QString::fromLatin1(text.data(), static_cast<int>(text.size()));
 }
 
 // The value a field shows in `lines` (a section's lines); false when its line is missing.
