@@ -133,6 +133,16 @@ bool readRecord(ImportedBlock& block, const QStringList& body, int idLine, QStri
     return true;
 }
 
+// What the checks of a stored block would find wrong with `block`; empty when it passes.
+QString blockProblem(const QByteArray& block) {
+    const EepromImage alone = EepromImage::fromBytes(block + QByteArray::fromHex("ffff0000"));
+    if (alone.chainBroken() || alone.blockCount() != 2)
+        return QStringLiteral("is no block image of %1 bytes").arg(block.size());
+    const QVector<ImageProblem> problems = alone.problems();
+    return problems.isEmpty() ? QString()
+                              : QStringLiteral("fails its checks: ") + problems.first().text;
+}
+
 QStringList complaintLines(const TextReadStatus& status) {
     QStringList lines;
     for (const TextReadComplaint& complaint : status.complaints)
@@ -274,6 +284,20 @@ ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationTex
                                    hex16(bytes::getLE<quint16>(block.after, 4)));
         }
         plan.blocks.append(block);
+    }
+    // Nothing goes in that a verify of the image would call corrupt.
+    for (const ImportedBlock& block : plan.blocks) {
+        if (block.outcome != ImportedBlock::Changed)
+            continue;
+        const QString problem = blockProblem(block.after);
+        if (problem.isEmpty())
+            continue;
+        plan.ok = false;
+        plan.error = QStringLiteral("section %1 (line %2): the block read back %3")
+                         .arg(block.name)
+                         .arg(sections.lineOf.value(block.name))
+                         .arg(problem);
+        return plan;
     }
     for (const auto& section : sections.inOrder) {
         const auto found = imageNames.constFind(section.first);
