@@ -1,6 +1,5 @@
 // 16-bit checksum and CRC-32: values, verification, reports, agreement with zlib.
-#include "support/Bytes.h"
-#include "support/Recorders.h"
+#include "support/Blocks.h"
 
 #include <HwDatablock.h>
 

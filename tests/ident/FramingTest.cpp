@@ -1,6 +1,5 @@
 // End block and module-type table.
-#include "BlockTestSupport.h"
-#include "support/Recorders.h"
+#include "support/Blocks.h"
 
 #include <HwDatablockEnd.h>
 #include <HwModuleTypeTable.h>
@@ -50,7 +49,7 @@ TEST(HwDatablockEnd, WordSettersImportAndTextForm) {
     EXPECT_EQ(hex(block.getByteArrayData()), "fe ff 03 00");
     ASSERT_NE(block.getBlock(), nullptr);
     EXPECT_EQ(block.getBlock()->endData, 3);
-    EXPECT_EQ(printed(block), golden("end.txt"));
+    EXPECT_EQ(printed(block), golden("ident/end.txt"));
 }
 
 namespace {

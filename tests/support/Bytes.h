@@ -1,7 +1,8 @@
-// Helpers to build block images byte by byte in tests.
+// Helpers to build and read block images byte by byte in tests.
 #pragma once
 
 #include <QByteArray>
+#include <cstring>
 #include <initializer_list>
 #include <string>
 
@@ -15,19 +16,31 @@ inline QByteArray bytesOf(std::initializer_list<int> values) {
     return out;
 }
 
+// A value stored least significant byte first at `offset`; zero when it does not fit.
+template <typename T> T valueAt(const QByteArray& image, int offset) {
+    T value{};
+    if (offset >= 0 && offset + static_cast<int>(sizeof(T)) <= image.size())
+        std::memcpy(&value, image.constData() + offset, sizeof(T));
+    return value;
+}
+
+template <typename T> void putAt(QByteArray& image, int offset, T value) {
+    std::memcpy(image.data() + offset, &value, sizeof(T));
+}
+
+inline unsigned word(const QByteArray& image, int offset) {
+    return valueAt<unsigned short>(image, offset);
+}
+
 // Stores the 16-bit checksum at offset 4 so that all little-endian words sum to zero.
 inline void sealChecksum(QByteArray& image) {
     if (image.size() < 6)
         return;
-    image[4] = 0;
-    image[5] = 0;
+    putAt<unsigned short>(image, 4, 0);
     unsigned sum = 0;
     for (int i = 0; i + 1 < image.size(); i += 2)
-        sum +=
-            static_cast<unsigned char>(image[i]) | (static_cast<unsigned char>(image[i + 1]) << 8);
-    const unsigned short check = static_cast<unsigned short>(-sum);
-    image[4] = static_cast<char>(check & 0xFF);
-    image[5] = static_cast<char>(check >> 8);
+        sum += word(image, i);
+    putAt<unsigned short>(image, 4, static_cast<unsigned short>(-sum));
 }
 
 inline std::string hex(const QByteArray& image) {

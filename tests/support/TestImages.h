@@ -2,27 +2,16 @@
 // the example files, shared by the image and tool tests.
 #pragma once
 
-#include "support/Bytes.h"
+#include "support/Blocks.h"
 
 #include <QFile>
 #include <QString>
 #include <QStringList>
-#include <ostream>
 #include <vector>
 #include <zlib.h>
 
-// Readable failure messages for Qt strings.
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
-
 namespace Tupsim {
 namespace test {
-
-inline unsigned word(const QByteArray& bytes, int offset) {
-    return static_cast<unsigned char>(bytes[offset]) |
-           (static_cast<unsigned char>(bytes[offset + 1]) << 8);
-}
 
 inline unsigned crcField(const QByteArray& block) {
     return word(block, 8) | (word(block, 10) << 16);
