@@ -10,13 +10,6 @@
 using namespace Tupsim;
 using namespace Tupsim::test;
 
-namespace {
-void load(HwDatablock& block, const QByteArray& image) {
-    block.setDataWithoutChecksumCheck(reinterpret_cast<const unsigned char*>(image.constData()),
-                                      static_cast<unsigned>(image.size()));
-}
-} // namespace
-
 TEST(Checksum16, FreshHeaderAndExternalBuffers) {
     ServiceRecorders services;
     HwDatablock block(false);

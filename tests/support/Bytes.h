@@ -32,6 +32,14 @@ inline unsigned word(const QByteArray& image, int offset) {
     return valueAt<unsigned short>(image, offset);
 }
 
+// An image of `size` zero bytes with id and size set, as every new block starts.
+inline QByteArray freshImage(unsigned short id, unsigned short size) {
+    QByteArray image(size, '\0');
+    putAt<unsigned short>(image, 0, id);
+    putAt<unsigned short>(image, 2, size);
+    return image;
+}
+
 // Stores the 16-bit checksum at offset 4 so that all little-endian words sum to zero.
 inline void sealChecksum(QByteArray& image) {
     if (image.size() < 6)
