@@ -1,6 +1,8 @@
 // Printing old-style blocks through the directory: the text of the block's own class.
-#include "InterpreterTestSupport.h"
+#include "support/Blocks.h"
+
 #include "support/Recorders.h"
+#include <HwDatablockOldStyleInterpreter.h>
 
 #include <EpromDatablock.h>
 #include <templates/HwDatablockTemplate.h>
@@ -14,6 +16,14 @@ using namespace Tupsim;
 using namespace Tupsim::test;
 
 namespace {
+
+// The text of a block printed through the directory, or "<refused>" when it is refused.
+inline std::string printedThrough(HwDatablockOldStyleInterpreter& interpreter, HwDatablock* block) {
+    std::ostringstream out;
+    if (!interpreter.printHwDatablockOldStyleInfo(block, out))
+        return "<refused>" + out.str();
+    return out.str();
+}
 
 template <unsigned int N1, unsigned int N2>
 using Misc = HwDatablockTemplate<MiscData<int, N1, N2>, int, double, N1, N2>;
@@ -103,8 +113,8 @@ TEST(OldStylePrinting, EveryFamilyPrintsAsItsOwnClass) {
     for (const Sample& sample : samples()) {
         SCOPED_TRACE(sample.id);
         std::unique_ptr<HwDatablock> block(sample.make());
-        loadImage(*block, patterned(*block, sample.id, sample.minSize));
-        const std::string direct = printedDirectly(*block);
+        load(*block, patterned(*block, sample.id, sample.minSize));
+        const std::string direct = printed(*block);
         EXPECT_EQ(printedThrough(interpreter, block.get()), direct);
         // The prototype keeps the image it printed last.
         EXPECT_EQ(hex(interpreter.getDictionary().at(sample.id)->getByteArrayData()),
@@ -146,7 +156,7 @@ TEST(OldStylePrinting, ExactTextOfSomeKinds) {
     QByteArray image = bytesOf({0x3F, 0x28, 0x0C, 0x00, 0, 0, 0, 0, 'a', 'b', 'c', 'd'});
     sealChecksum(image);
     HwDatablock opaque(false);
-    loadImage(opaque, image);
+    load(opaque, image);
     EXPECT_EQ(printedThrough(interpreter, &opaque), "\n" + image.toStdString() + "\n");
 }
 
@@ -158,7 +168,7 @@ TEST(OldStylePrinting, PrototypeGrowsAndShrinksWithThePrintedBlock) {
     big.setRowCount(1);
     big.setColCount(2);
     big.setCalValue(7, 0, 1);
-    EXPECT_EQ(printedThrough(interpreter, &big), printedDirectly(big));
+    EXPECT_EQ(printedThrough(interpreter, &big), printed(big));
     HwDatablock* prototype = interpreter.getDictionary().at(15841);
     EXPECT_EQ(prototype->getByteArrayData().size(), big.getByteArrayData().size());
 
