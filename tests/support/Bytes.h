@@ -5,6 +5,7 @@
 #include <cstring>
 #include <initializer_list>
 #include <string>
+#include <zlib.h>
 
 namespace Tupsim {
 namespace test {
@@ -49,6 +50,23 @@ inline void sealChecksum(QByteArray& image) {
     for (int i = 0; i + 1 < image.size(); i += 2)
         sum += word(image, i);
     putAt<unsigned short>(image, 4, static_cast<unsigned short>(-sum));
+}
+
+inline unsigned crcField(const QByteArray& block) {
+    return valueAt<unsigned>(block, 8);
+}
+
+// zlib's CRC-32 over bytes 0..3 and 12..end, as self-describing blocks carry it at byte 8.
+inline unsigned crcOf(const QByteArray& block) {
+    const QByteArray covered = block.left(4) + block.mid(12);
+    return static_cast<unsigned>(crc32(0L, reinterpret_cast<const Bytef*>(covered.constData()),
+                                       static_cast<uInt>(covered.size())));
+}
+
+inline void sealCrc(QByteArray& block) {
+    const unsigned crc = crcOf(block);
+    for (int i = 0; i < 4; ++i)
+        block[8 + i] = static_cast<char>((crc >> (8 * i)) & 0xFF);
 }
 
 inline std::string hex(const QByteArray& image) {
