@@ -75,7 +75,7 @@ TEST(HwModuleTypeTable, TerminatorRowIsExact) {
 
 TEST(HwModuleTypeTable, HostRowsGoBeforeTheTerminatorFirstCodeWins) {
     HwModuleTypeTable table;
-    EXPECT_TRUE(table.addRow(0, "Board-a"));
+    EXPECT_TRUE(table.addRow(0, "Board-Az"));
     EXPECT_TRUE(table.addRow(1, "board-with-a-very-long-name-beyond-every-field"));
     EXPECT_TRUE(table.addRow(1, "board-c"));
     EXPECT_FALSE(table.addRow(HwModuleTypeTable::terminator()));
@@ -84,9 +84,9 @@ TEST(HwModuleTypeTable, HostRowsGoBeforeTheTerminatorFirstCodeWins) {
 
     const HwSModuleType* first = table.findByCode(0);
     ASSERT_NE(first, nullptr);
-    EXPECT_STREQ(first->name, "BOARD-A");
-    EXPECT_EQ(QByteArray(first->label, 14), QByteArray("BOARD-A      \0", 14));
-    EXPECT_STREQ(first->stem, "board-a");
+    EXPECT_STREQ(first->name, "BOARD-AZ");
+    EXPECT_EQ(QByteArray(first->label, 14), QByteArray("BOARD-AZ     \0", 14));
+    EXPECT_STREQ(first->stem, "board-az");
 
     const HwSModuleType* repeated = table.findByCode(1);
     ASSERT_EQ(repeated, table.row(1));

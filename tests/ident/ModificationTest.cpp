@@ -99,6 +99,8 @@ TEST(HwDatablockModification120, CodesAreWholeWordsUpToTheEndOfTheImage) {
     EXPECT_EQ(block.getByteArrayData(), image);
     EXPECT_EQ(block.getNumberOfServiceCode(), 3u);
 
+    load(block, image.left(20)); // the last code ends with the image
+    EXPECT_EQ(block.getNumberOfServiceCode(), 3u);
     load(block, image.left(11));
     EXPECT_EQ(block.getNumberOfServiceCode(), 0u);
     load(block, image.left(3));

@@ -220,6 +220,7 @@ TEST(SetBlock, EveryKindTakesAGoodRecordAndRefusesABadOneUntouched) {
         SCOPED_TRACE(k.what);
         ServiceRecorders services;
         std::unique_ptr<HwDatablock> block = k.make();
+        EXPECT_FALSE(block->getStopConversionOnError());
         ASSERT_EQ(k.setBlock(*block, k.good.constData()), 0);
         EXPECT_EQ(hex(block->getByteArrayData()), hex(k.accepted));
         EXPECT_TRUE(services.errors.signalled.empty());
