@@ -1,5 +1,4 @@
-// Record import of every fixed-layout block kind: what a good record leaves in the block, and
-// which records are refused with which error, the block left as it was.
+// Record import of every fixed-layout block kind: what is taken, what is refused and how.
 #include "support/Blocks.h"
 
 #include <HwDatablockCommonStatisticData.h>

@@ -1,5 +1,4 @@
-// Shared block helpers: records as bytes, sealing and spoiling, unchecked loads, printouts,
-// golden files and the one-error check every refused import makes.
+// Shared block helpers: records as bytes, sealing, unchecked loads, printouts, golden files.
 #pragma once
 
 #include "support/Bytes.h"
