@@ -1,6 +1,7 @@
-// Record import of every fixed-layout block kind: what is taken, what is refused and how.
+// Record import of every block kind with a fixed layout: what is taken, what is refused and how.
 #include "support/Blocks.h"
 
+#include <HwDatablockBaseTemplate.h>
 #include <HwDatablockCommonStatisticData.h>
 #include <HwDatablockCwop6VcoIdent.h>
 #include <HwDatablockIdent.h>
@@ -21,6 +22,8 @@
 #include <HwDatablockSAttCCounter.h>
 #include <HwDatablockServiceData.h>
 #include <HwDatablockStatistic.h>
+
+#include "templates/HwDatablockTemplate.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -82,7 +85,8 @@ Kind kind(const char* what, std::function<Block*()> make, QByteArray good, QByte
     return {what,
             [make] { return std::unique_ptr<HwDatablock>(make()); },
             [](HwDatablock& block, const char* record) {
-                return static_cast<Block&>(block).setBlock(reinterpret_cast<const Record*>(record));
+                return static_cast<Block&>(block).setBlock(
+                    reinterpret_cast<Record*>(const_cast<char*>(record)));
             },
             good,
             accepted.isNull() ? good : accepted,
@@ -127,6 +131,12 @@ std::vector<Kind> kinds() {
                 4, {0x34, 0x12});
     const QByteArray misc = image(10301, 168, 4, pattern(160));
     const QByteArray v20 = image(10315, 116, 0, pattern(108));
+    // 2 rows of 3 columns in a 4 x 10 table; another id word is taken as it is
+    QByteArray alcBody = bytesOf({2, 0, 0, 0, 3, 0, 0, 0}) + pattern(160);
+    const QByteArray alc = image(15732, 176, 0, alcBody);
+    const QByteArray vtrim = image(12310, 56, 0, bytesOf({1, 0, 0, 0, 1, 0, 0, 0}) + pattern(40));
+    using AlcData = HwDatablockBaseTemplate<int, int, 4, 10>;
+    using Vtrim = HwDatablockTemplate<MiscData<int, 10, 1>, int, double, 10, 1>;
     const auto sattcBlock = [] { return new HwDatablockSAttCCounter(VARIANT_SATTC_OVLDCOUNTER); };
     const auto commonBlock = [] {
         return new HwDatablockCommonStatisticData(VARIANT_POWERON_COUNT);
@@ -203,6 +213,13 @@ std::vector<Kind> kinds() {
             patched(image(11312, 524, 4, bytesOf({0, 2, 0, 0}) + QByteArray(512, 0)), 8,
                     {3, 0, 0, 0, 9, 8, 7}),
             {}),
+        // the table templates name the id in the error
+        kind<AlcData, AlcData::HwSDatablock>(
+            "table", [] { return new AlcData("RFBO_ALC_DATA", 15731, 0, 1.0, false); }, alc, {},
+            {spoiledImage(alc)}, 1, "15732"),
+        kind<Vtrim, Vtrim::HwSDatablock>(
+            "misc table", [] { return new Vtrim("PYM_DCON_VTRIM_VALUE", 12310, 0, 1.0, false); },
+            vtrim, {}, {spoiledImage(vtrim)}, 1, "12310"),
         kind<HwDatablockIqOp3RfmCalibDataMisc, HwSDatablockIqOp3RfmCalibDataMisc>(
             "iq misc", plain<HwDatablockIqOp3RfmCalibDataMisc>(), misc, patched(misc, 6, {0}),
             {patched(misc, 150, {0})}, 1, "   HwDatablockIqOp3RfmCalibDataMisc"),
