@@ -75,7 +75,7 @@ TEST(HwModuleTypeTable, TerminatorRowIsExact) {
 
 TEST(HwModuleTypeTable, HostRowsGoBeforeTheTerminatorFirstCodeWins) {
     HwModuleTypeTable table;
-    EXPECT_TRUE(table.addRow(0, "Board-Az"));
+    EXPECT_TRUE(table.addRow(0, "Board-AZ"));
     EXPECT_TRUE(table.addRow(1, "board-with-a-very-long-name-beyond-every-field"));
     EXPECT_TRUE(table.addRow(1, "board-c"));
     EXPECT_FALSE(table.addRow(HwModuleTypeTable::terminator()));
