@@ -1,6 +1,5 @@
 // Full-scale block of the IF DAC: image, setter, import and text form.
-#include "CalibTestSupport.h"
-#include "support/Recorders.h"
+#include "support/Blocks.h"
 
 #include <HwDatablockDacIfFullScale.h>
 
@@ -35,8 +34,8 @@ TEST(DacIfFullScale, SetBlockAndPrint) {
     EXPECT_EQ(services.errors.signalled[0].second, "   HwDatablockDacIfFullScale");
     EXPECT_EQ(block.getFullScaleValue(), 0);
 
-    sealRecord(record);
+    record = sealed(record);
     ASSERT_EQ(block.setBlock(&record), 0);
-    EXPECT_EQ(block.getByteArrayData(), bytesOfRecord(record));
-    EXPECT_EQ(printed(block), golden("DacIfFullScale.txt"));
+    EXPECT_EQ(block.getByteArrayData(), recordBytes(record));
+    EXPECT_EQ(printed(block), golden("calib/DacIfFullScale.txt"));
 }

@@ -1,6 +1,5 @@
 // The further calibration blocks kept as opaque images: every row of their list.
-#include "CalibTestSupport.h"
-#include "support/Recorders.h"
+#include "support/Blocks.h"
 
 #include <HwDatablockMbrdExtLevCalDataFreq_Enh.h> // each class also has a header of its own
 #include <HwOpaqueCalibBlocks.h>

@@ -1,6 +1,5 @@
 // The six single-value reference blocks: image, checked setter, import and text form.
-#include "CalibTestSupport.h"
-#include "support/Recorders.h"
+#include "support/Blocks.h"
 
 #include <HwDatablockDopMbrdPllDacCalibValue.h>
 #include <HwDatablockFsynTcxoRefCalValue.h>
@@ -74,7 +73,7 @@ std::vector<RefCase> allCases() {
 
 HwSDatablockRefCalValue sealedRecord(unsigned short id, unsigned int count, int value) {
     HwSDatablockRefCalValue record{id, 16, 0, 0, count, value};
-    sealRecord(record);
+    record = sealed(record);
     return record;
 }
 
@@ -143,7 +142,7 @@ TEST(RefCalValue, SetBlockVerifiesTheRecordAndNamesTheClass) {
 
         record = sealedRecord(c.id, 0x01020304, -2);
         EXPECT_EQ(block->setBlock(&record), 0) << c.name;
-        EXPECT_EQ(block->getByteArrayData(), bytesOfRecord(record)) << c.name;
+        EXPECT_EQ(block->getByteArrayData(), recordBytes(record)) << c.name;
         EXPECT_EQ(c.get(*block, 0), -2) << c.name;
     }
 }
@@ -179,6 +178,6 @@ TEST(RefCalValue, PrintsTheLowByteOfTheCountAndTheSignedValue) {
         auto block = c.make();
         HwSDatablockRefCalValue record = sealedRecord(c.id, 257, -70000);
         ASSERT_EQ(block->setBlock(&record), 0) << c.name;
-        EXPECT_EQ(printed(*block), golden(std::string(c.name) + ".txt")) << c.name;
+        EXPECT_EQ(printed(*block), golden("calib/" + std::string(c.name) + ".txt")) << c.name;
     }
 }

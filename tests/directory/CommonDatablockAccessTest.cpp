@@ -226,17 +226,6 @@ TEST(CommonDatablockAccess, ConvertsEveryTypeToText) {
               "CommonDatablockAccess::convValue: type (99) not supported\n");
 }
 
-TEST(CommonDatablockAccess, SizesOfTheWalk) {
-    EXPECT_EQ(CommonDatablockAccess::getSizeInBytes(FIX32D1), 2u);
-    EXPECT_EQ(HwDatablock2Edition::size_in_byte(FIX32D1), 4);
-    EXPECT_EQ(CommonDatablockAccess::getSizeInBytes(FIX32D2), 2u);
-    EXPECT_EQ(CommonDatablockAccess::getSizeInBytes(FIX32D3), 4u);
-    EXPECT_EQ(CommonDatablockAccess::getSizeInBytes(STRING), 1u);
-    EXPECT_EQ(CommonDatablockAccess::getSizeInBytes(LONG_DOUBLE), 10u);
-    EXPECT_EQ(CommonDatablockAccess::getSizeInBytes(CHAR20), 20u);
-    EXPECT_EQ(CommonDatablockAccess::getSizeInBytes(ETypeId(26)), 0u);
-}
-
 TEST(CommonDatablockAccess, OverlongTextsAreNotKept) {
     QByteArray image = bytesOf({
         0x24,   0x4E, 0x00, 0x00, // block id 20004, size set below

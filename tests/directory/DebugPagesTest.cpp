@@ -1,7 +1,6 @@
 // Debug pages of self-describing blocks against their golden texts.
 #include "SampleImages.h"
 
-#include <QFile>
 #include <gtest/gtest.h>
 #include <sstream>
 
@@ -9,13 +8,6 @@ using namespace Tupsim;
 using namespace Tupsim::test;
 
 namespace {
-
-std::string golden(const char* name) {
-    QFile file(QStringLiteral(EPROM_TEST_DATA_DIR "/directory/") + QLatin1String(name));
-    if (!file.open(QIODevice::ReadOnly))
-        return "missing golden file";
-    return file.readAll().toStdString();
-}
 
 HwSDataBlockCfg sampleCfg() {
     HwSDataBlockCfg cfg;
@@ -39,8 +31,8 @@ TEST(DebugPages, PrintTheBlockAsGolden) {
     block.printDebugPageDetail(detail, sampleCfg());
     block.printDebugPageComplete(complete, sampleCfg());
     block.printToStream2Edition(viaPrint, sampleCfg());
-    EXPECT_EQ(summary.str(), golden("summary.txt"));
-    EXPECT_EQ(detail.str(), golden("detail.txt"));
-    EXPECT_EQ(complete.str(), golden("complete.txt"));
+    EXPECT_EQ(summary.str(), golden("directory/summary.txt"));
+    EXPECT_EQ(detail.str(), golden("directory/detail.txt"));
+    EXPECT_EQ(complete.str(), golden("directory/complete.txt"));
     EXPECT_EQ(viaPrint.str(), complete.str());
 }

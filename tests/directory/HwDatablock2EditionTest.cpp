@@ -90,20 +90,14 @@ TEST(HwDatablock2Edition, TruncatedHeadersReadAsZero) {
     }
 }
 
-TEST(HwDatablock2Edition, TypeNamesAndSizes) {
-    const char* names[] = {"NONE",    "UINT8",   "INT8",    "UINT16",  "INT16",  "UINT32",
-                           "INT32",   "UINT64",  "INT64",   "FLOAT",   "DOUBLE", "LONG DOUBLE",
-                           "FIX16D1", "FIX16D2", "FIX16D3", "FIX16D4", "INT16",  "INT16",
-                           "FIX32D3", "FIX32D4", "CHAR",    "CHAR5",   "CHAR10", "CHAR15",
-                           "CHAR20",  "STRING"};
-    const int sizes[] = {0, 1, 1, 2, 2, 4, 4, 8, 8, 4,  8,  10, 2,
-                         2, 2, 2, 4, 4, 4, 4, 1, 5, 10, 15, 20, 0};
-    for (int type = 0; type < 26; ++type) {
-        EXPECT_STREQ(HwDatablock2Edition::getTypeString(ETypeId(type)), names[type]) << type;
-        EXPECT_EQ(HwDatablock2Edition::size_in_byte(ETypeId(type)), sizes[type]) << type;
-    }
+// The odd rows of the type table; the others show in the printed and walked tests.
+TEST(HwDatablock2Edition, TypeNamesKeepTheirQuirks) {
+    EXPECT_STREQ(HwDatablock2Edition::getTypeString(FIX32D1), "INT16");
+    EXPECT_STREQ(HwDatablock2Edition::getTypeString(FIX32D2), "INT16");
+    EXPECT_STREQ(HwDatablock2Edition::getTypeString(LONG_DOUBLE), "LONG DOUBLE");
     EXPECT_STREQ(HwDatablock2Edition::getTypeString(ETypeId(26)), "NONE");
     EXPECT_STREQ(HwDatablock2Edition::getTypeString(ETypeId(255)), "NONE");
+    EXPECT_EQ(HwDatablock2Edition::size_in_byte(FIX32D1), 4);
     EXPECT_EQ(HwDatablock2Edition::size_in_byte(ETypeId(26)), 0);
 }
 

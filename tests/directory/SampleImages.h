@@ -1,7 +1,7 @@
 // Self-describing images shared by the directory tests, built field by field.
 #pragma once
 
-#include "support/Bytes.h"
+#include "support/Blocks.h"
 
 #include <CommonDatablockAccess.h>
 #include <ETypeId.h>
@@ -38,11 +38,6 @@ inline QByteArray pageImage() {
         0xC7,    0xCF,  0xFF,    0xFF,       //        -12345 (-1.2345)
         0x00,    0x00,                       // trailing padding
     });
-}
-
-inline void load(HwDatablock& block, const QByteArray& image) {
-    block.setDataWithoutChecksumCheck(reinterpret_cast<const unsigned char*>(image.constData()),
-                                      static_cast<unsigned>(image.size()));
 }
 
 // Generic access over a block loaded with `image`; the access owns the block.

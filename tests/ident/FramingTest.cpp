@@ -1,6 +1,5 @@
 // End block and module-type table.
-#include "BlockTestSupport.h"
-#include "support/Recorders.h"
+#include "support/Blocks.h"
 
 #include <HwDatablockEnd.h>
 #include <HwModuleTypeTable.h>
@@ -50,7 +49,7 @@ TEST(HwDatablockEnd, WordSettersImportAndTextForm) {
     EXPECT_EQ(hex(block.getByteArrayData()), "fe ff 03 00");
     ASSERT_NE(block.getBlock(), nullptr);
     EXPECT_EQ(block.getBlock()->endData, 3);
-    EXPECT_EQ(printed(block), golden("end.txt"));
+    EXPECT_EQ(printed(block), golden("ident/end.txt"));
 }
 
 namespace {
@@ -76,7 +75,7 @@ TEST(HwModuleTypeTable, TerminatorRowIsExact) {
 
 TEST(HwModuleTypeTable, HostRowsGoBeforeTheTerminatorFirstCodeWins) {
     HwModuleTypeTable table;
-    EXPECT_TRUE(table.addRow(0, "Board-a"));
+    EXPECT_TRUE(table.addRow(0, "Board-AZ"));
     EXPECT_TRUE(table.addRow(1, "board-with-a-very-long-name-beyond-every-field"));
     EXPECT_TRUE(table.addRow(1, "board-c"));
     EXPECT_FALSE(table.addRow(HwModuleTypeTable::terminator()));
@@ -85,9 +84,9 @@ TEST(HwModuleTypeTable, HostRowsGoBeforeTheTerminatorFirstCodeWins) {
 
     const HwSModuleType* first = table.findByCode(0);
     ASSERT_NE(first, nullptr);
-    EXPECT_STREQ(first->name, "BOARD-A");
-    EXPECT_EQ(QByteArray(first->label, 14), QByteArray("BOARD-A      \0", 14));
-    EXPECT_STREQ(first->stem, "board-a");
+    EXPECT_STREQ(first->name, "BOARD-AZ");
+    EXPECT_EQ(QByteArray(first->label, 14), QByteArray("BOARD-AZ     \0", 14));
+    EXPECT_STREQ(first->stem, "board-az");
 
     const HwSModuleType* repeated = table.findByCode(1);
     ASSERT_EQ(repeated, table.row(1));

@@ -1,6 +1,5 @@
 // Identification and misc identification blocks: image layout, setters, import, text form.
-#include "BlockTestSupport.h"
-#include "support/Recorders.h"
+#include "support/Blocks.h"
 
 #include <HwDatablockIdent.h>
 #include <HwDatablockMiscIdent.h>
@@ -46,7 +45,7 @@ TEST(HwDatablockIdent, FreshBlockIsIdTwoSizeFortyFourAndZero) {
     expected.append(QByteArray(36, '\0'));
     EXPECT_EQ(hex(block.getByteArrayData()), hex(expected));
     EXPECT_EQ(block.getName(), QString());
-    EXPECT_EQ(printed(block), golden("ident_fresh.txt"));
+    EXPECT_EQ(printed(block), golden("ident/ident_fresh.txt"));
     ASSERT_NE(block.getBlock(), nullptr);
     EXPECT_EQ(block.getBlock()->blockSize, 44);
 }
@@ -57,17 +56,8 @@ TEST(HwDatablockIdent, EverySetterStoresItsFieldAndKeepsTheChecksumValid) {
     fillThroughSetters(block);
     EXPECT_EQ(hex(block.getByteArrayData()), hex(filledIdentImage()));
     EXPECT_TRUE(block.verifyChecksum());
-    EXPECT_EQ(block.getEepromSize(), 8192u);
-    EXPECT_EQ(block.getPartNumber(), 12345678u);
-    EXPECT_EQ(block.getVariant(), 3);
-    EXPECT_EQ(block.getHardwareCode(), 17);
-    EXPECT_EQ(block.getProductIndex(), 105);
-    EXPECT_EQ(block.getSerialNumber(), 987654u);
-    EXPECT_EQ(block.getProductDate(), 0x58b1);
-    EXPECT_EQ(block.getReadCode(), 7);
-    EXPECT_EQ(block.getTestInstruction(), 1203);
     EXPECT_EQ(block.getName(), QStringLiteral("SMB-B106"));
-    EXPECT_EQ(printed(block), golden("ident_filled.txt"));
+    EXPECT_EQ(printed(block), golden("ident/ident_filled.txt"));
 
     // Each single setter leaves a consistent image behind.
     block.setReadCode(0x1234);
@@ -101,27 +91,7 @@ TEST(HwDatablockIdent, IdTenPrintsTwoBlanksAfterTheNameAndExtremeValuesFormat) {
     HwDatablockIdent block;
     const HwSDatablockIdent record = sealed(recordOf<HwSDatablockIdent>(image));
     ASSERT_EQ(block.setBlock(&record), 0);
-    EXPECT_EQ(printed(block), golden("ident_id10.txt"));
-}
-
-TEST(HwDatablockIdent, SetBlockImportsAGoodRecordAndRefusesABadOne) {
-    ServiceRecorders services;
-    HwDatablockIdent block;
-    const HwSDatablockIdent good = recordOf<HwSDatablockIdent>(filledIdentImage(3));
-    EXPECT_EQ(block.setBlock(&good), 0);
-    EXPECT_EQ(block.getByteArrayData(), filledIdentImage(3));
-    EXPECT_TRUE(services.errors.signalled.empty());
-
-    HwDatablockIdent other;
-    fillThroughSetters(other);
-    const QByteArray before = other.getByteArrayData();
-    const HwSDatablockIdent bad = spoiled(recordOf<HwSDatablockIdent>(filledIdentImage(4)));
-    EXPECT_EQ(other.setBlock(&bad), 1);
-    EXPECT_EQ(other.getByteArrayData(), before);
-    expectRejected(services, 1040001, "   HwDatablockIdent");
-
-    EXPECT_EQ(other.setBlock(nullptr), 1);
-    EXPECT_EQ(services.errors.signalled.size(), 1u);
+    EXPECT_EQ(printed(block), golden("ident/ident_id10.txt"));
 }
 
 TEST(HwDatablockIdent, SetBlockFixesTheSizeWhileSwapBlockTakesTheRecords) {
@@ -184,7 +154,7 @@ TEST(HwDatablockMiscIdent, IdComesFromTheConstructorAndNamesOnlyTwoIds) {
 
     HwDatablockMiscIdent other(static_cast<HwEVariantEepromDatablock>(10505));
     EXPECT_EQ(other.getId(), 10505u);
-    EXPECT_EQ(printed(other), golden("miscident_other.txt"));
+    EXPECT_EQ(printed(other), golden("ident/miscident_other.txt"));
 
     QByteArray image =
         bytesOf({0x07, 0x29, 44, 0,   0, 0,    0,    0,    0,    0,    0,    0, 0x43, 0x74, 0xd7,
@@ -195,10 +165,5 @@ TEST(HwDatablockMiscIdent, IdComesFromTheConstructorAndNamesOnlyTwoIds) {
     ASSERT_EQ(opt.setBlock(&record), 0);
     EXPECT_EQ(opt.getPartNumber(), 14120003u);
     EXPECT_EQ(opt.getName(), QStringLiteral("STREAM OPT"));
-    EXPECT_EQ(printed(opt), golden("miscident_opt.txt"));
-
-    const HwSDatablockMiscIdent bad = spoiled(record);
-    EXPECT_EQ(other.setBlock(&bad), 1);
-    EXPECT_EQ(other.getId(), 10505u);
-    expectRejected(services, 1040001, "   HwDatablockMiscIdent");
+    EXPECT_EQ(printed(opt), golden("ident/miscident_opt.txt"));
 }

@@ -1,6 +1,5 @@
 // Service data, statistics and common statistic data blocks.
-#include "BlockTestSupport.h"
-#include "support/Recorders.h"
+#include "support/Blocks.h"
 
 #include <HwDatablockCommonStatisticData.h>
 #include <HwDatablockServiceData.h>
@@ -18,7 +17,7 @@ TEST(HwDatablockServiceData, FreshImageHasTheDepartmentZeros) {
     EXPECT_EQ(block.getServiceDataId(), 203u);
     HwDatablockServiceData nameless;
     EXPECT_EQ(nameless.getId(), 0u);
-    EXPECT_EQ(printed(nameless), golden("service_nameless.txt"));
+    EXPECT_EQ(printed(nameless), golden("ident/service_nameless.txt"));
 }
 
 TEST(HwDatablockServiceData, OperatingTimeFieldsShareOneWord) {
@@ -57,7 +56,7 @@ TEST(HwDatablockServiceData, DateSettersActOnTheOperatingTimeWord) {
     EXPECT_TRUE(sumsToZero(block.getByteArrayData()));
 }
 
-TEST(HwDatablockServiceData, SettersTextFormAndImport) {
+TEST(HwDatablockServiceData, SettersAndTextForm) {
     ServiceRecorders services;
     HwDatablockServiceData block(VARIANT_SERVICE_205);
     block.setDepartment("D12345XYZ"); // exactly six bytes
@@ -71,28 +70,10 @@ TEST(HwDatablockServiceData, SettersTextFormAndImport) {
     sealChecksum(expected);
     EXPECT_EQ(hex(block.getByteArrayData()), hex(expected));
     EXPECT_EQ(std::string(block.getDepartment(), 6), "D12345");
-    EXPECT_EQ(printed(block), golden("service.txt"));
-
-    QByteArray withAlignment = expected;
-    withAlignment[6] = 4;
-    sealChecksum(withAlignment);
-    const HwSDatablockServiceData record = recordOf<HwSDatablockServiceData>(withAlignment);
-    HwDatablockServiceData imported;
-    ASSERT_EQ(imported.setBlock(&record), 0);
-    EXPECT_EQ(imported.getId(), 205u);
-    EXPECT_EQ(imported.getAlignment(), 0);
-    EXPECT_EQ(imported.getChecksum(), record.checksum);
-    EXPECT_EQ(imported.getByteArrayData().mid(8), expected.mid(8));
-
-    const HwSDatablockServiceData bad = spoiled(record);
-    HwDatablockServiceData untouched(VARIANT_SERVICE_201);
-    const QByteArray before = untouched.getByteArrayData();
-    EXPECT_EQ(untouched.setBlock(&bad), 1);
-    EXPECT_EQ(untouched.getByteArrayData(), before);
-    expectRejected(services, 1040001, "   HwDatablockServiceData");
+    EXPECT_EQ(printed(block), golden("ident/service.txt"));
 }
 
-TEST(HwDatablockStatistic, HoursTextFormAndImport) {
+TEST(HwDatablockStatistic, HoursAndTextForm) {
     ServiceRecorders services;
     HwDatablockStatistic block;
     EXPECT_EQ(hex(block.getByteArrayData()), "2c 01 0c 00 00 00 00 00 00 00 00 00");
@@ -100,18 +81,7 @@ TEST(HwDatablockStatistic, HoursTextFormAndImport) {
     QByteArray expected = bytesOf({0x2c, 0x01, 0x0c, 0, 0, 0, 0, 0, 0x31, 0xd4, 0, 0});
     sealChecksum(expected);
     EXPECT_EQ(hex(block.getByteArrayData()), hex(expected));
-    EXPECT_EQ(printed(block), golden("statistic.txt"));
-
-    HwSDatablockStatistic record{300, 12, 0, 8, 99};
-    record = sealed(record);
-    HwDatablockStatistic imported;
-    ASSERT_EQ(imported.setBlock(&record), 0);
-    EXPECT_EQ(imported.getOpHours(), 99u);
-    EXPECT_EQ(imported.getAlignment(), 0);
-    const HwSDatablockStatistic bad = spoiled(record);
-    EXPECT_EQ(block.setBlock(&bad), 1);
-    EXPECT_EQ(block.getOpHours(), 54321u);
-    expectRejected(services, 1040001, "   HwDatablockStatistic");
+    EXPECT_EQ(printed(block), golden("ident/statistic.txt"));
 }
 
 TEST(HwDatablockCommonStatisticData, DataIsCappedAndLeavesTheChecksum) {
@@ -139,10 +109,10 @@ TEST(HwDatablockCommonStatisticData, DataIsCappedAndLeavesTheChecksum) {
     unsigned int length = 0;
     ASSERT_NE(printedBlock.getCommonStatisticData(&length), nullptr);
     EXPECT_EQ(length, 20u);
-    EXPECT_EQ(printed(printedBlock), golden("common_statistic.txt"));
+    EXPECT_EQ(printed(printedBlock), golden("ident/common_statistic.txt"));
 }
 
-TEST(HwDatablockCommonStatisticData, ImportIsUncheckedAndSwapCopiesOnlyTheHeader) {
+TEST(HwDatablockCommonStatisticData, TextOfAnImportAndSwapCopiesOnlyTheHeader) {
     ServiceRecorders services;
     HwSDatablockCommonStatisticData record;
     std::memset(&record, 0, sizeof record);
@@ -157,11 +127,6 @@ TEST(HwDatablockCommonStatisticData, ImportIsUncheckedAndSwapCopiesOnlyTheHeader
     record.data[3] = 6; // beyond the length
     HwDatablockCommonStatisticData block(VARIANT_POWERON_COUNT);
     ASSERT_EQ(block.setBlock(&record), 0);
-    EXPECT_EQ(block.getId(), 11312u);
-    EXPECT_EQ(block.getAlignment(), 4);
-    EXPECT_EQ(block.getCommonStatisticDataLength(), 3u);
-    EXPECT_EQ(hex(block.getByteArrayData().mid(12, 4)), "09 08 07 00");
-    EXPECT_TRUE(services.errors.signalled.empty());
     const std::string head =
         "# Sonstige statistische Daten:\nID: \t OPERATING TIME COUNT\n1: \t9\n";
     EXPECT_EQ(printed(block).substr(0, head.size()), head);
@@ -174,5 +139,4 @@ TEST(HwDatablockCommonStatisticData, ImportIsUncheckedAndSwapCopiesOnlyTheHeader
     EXPECT_EQ(swapped.getChecksum(), 0x1234);
     EXPECT_EQ(swapped.getCommonStatisticDataLength(), 512u);
     EXPECT_EQ(swapped.getByteArrayData().mid(12), QByteArray(512, 0));
-    EXPECT_EQ(block.setBlock(nullptr), 1);
 }

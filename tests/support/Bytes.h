@@ -1,9 +1,11 @@
-// Helpers to build block images byte by byte in tests.
+// Helpers to build and read block images byte by byte in tests.
 #pragma once
 
 #include <QByteArray>
+#include <cstring>
 #include <initializer_list>
 #include <string>
+#include <zlib.h>
 
 namespace Tupsim {
 namespace test {
@@ -15,19 +17,56 @@ inline QByteArray bytesOf(std::initializer_list<int> values) {
     return out;
 }
 
+// A value stored least significant byte first at `offset`; zero when it does not fit.
+template <typename T> T valueAt(const QByteArray& image, int offset) {
+    T value{};
+    if (offset >= 0 && offset + static_cast<int>(sizeof(T)) <= image.size())
+        std::memcpy(&value, image.constData() + offset, sizeof(T));
+    return value;
+}
+
+template <typename T> void putAt(QByteArray& image, int offset, T value) {
+    std::memcpy(image.data() + offset, &value, sizeof(T));
+}
+
+inline unsigned word(const QByteArray& image, int offset) {
+    return valueAt<unsigned short>(image, offset);
+}
+
+// An image of `size` zero bytes with id and size set, as every new block starts.
+inline QByteArray freshImage(unsigned short id, unsigned short size) {
+    QByteArray image(size, '\0');
+    putAt<unsigned short>(image, 0, id);
+    putAt<unsigned short>(image, 2, size);
+    return image;
+}
+
 // Stores the 16-bit checksum at offset 4 so that all little-endian words sum to zero.
 inline void sealChecksum(QByteArray& image) {
     if (image.size() < 6)
         return;
-    image[4] = 0;
-    image[5] = 0;
+    putAt<unsigned short>(image, 4, 0);
     unsigned sum = 0;
     for (int i = 0; i + 1 < image.size(); i += 2)
-        sum +=
-            static_cast<unsigned char>(image[i]) | (static_cast<unsigned char>(image[i + 1]) << 8);
-    const unsigned short check = static_cast<unsigned short>(-sum);
-    image[4] = static_cast<char>(check & 0xFF);
-    image[5] = static_cast<char>(check >> 8);
+        sum += word(image, i);
+    putAt<unsigned short>(image, 4, static_cast<unsigned short>(-sum));
+}
+
+inline unsigned crcField(const QByteArray& block) {
+    return valueAt<unsigned>(block, 8);
+}
+
+// zlib's CRC-32 over bytes 0..3 and 12..end, as self-describing blocks carry it at byte 8.
+inline unsigned crcOf(const QByteArray& block) {
+    const QByteArray covered = block.left(4) + block.mid(12);
+    return static_cast<unsigned>(crc32(0L, reinterpret_cast<const Bytef*>(covered.constData()),
+                                       static_cast<uInt>(covered.size())));
+}
+
+inline void sealCrc(QByteArray& block) {
+    const unsigned crc = crcOf(block);
+    for (int i = 0; i < 4; ++i)
+        block[8 + i] = static_cast<char>((crc >> (8 * i)) & 0xFF);
 }
 
 inline std::string hex(const QByteArray& image) {

@@ -2,44 +2,15 @@
 // the example files, shared by the image and tool tests.
 #pragma once
 
-#include "support/Bytes.h"
+#include "support/Blocks.h"
 
 #include <QFile>
 #include <QString>
 #include <QStringList>
-#include <ostream>
 #include <vector>
-#include <zlib.h>
-
-// Readable failure messages for Qt strings.
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
 
 namespace Tupsim {
 namespace test {
-
-inline unsigned word(const QByteArray& bytes, int offset) {
-    return static_cast<unsigned char>(bytes[offset]) |
-           (static_cast<unsigned char>(bytes[offset + 1]) << 8);
-}
-
-inline unsigned crcField(const QByteArray& block) {
-    return word(block, 8) | (word(block, 10) << 16);
-}
-
-// zlib's CRC-32 over bytes 0..3 and 12..end, as self-describing blocks carry it at byte 8.
-inline unsigned crcOf(const QByteArray& block) {
-    const QByteArray covered = block.left(4) + block.mid(12);
-    return static_cast<unsigned>(crc32(0L, reinterpret_cast<const Bytef*>(covered.constData()),
-                                       static_cast<uInt>(covered.size())));
-}
-
-inline void sealCrc(QByteArray& block) {
-    const unsigned crc = crcOf(block);
-    for (int i = 0; i < 4; ++i)
-        block[8 + i] = static_cast<char>((crc >> (8 * i)) & 0xFF);
-}
 
 inline QByteArray sealed(QByteArray block) {
     sealChecksum(block);

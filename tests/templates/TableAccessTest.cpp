@@ -133,27 +133,26 @@ TEST(TableCapacity, SettersKeepTheChecksumValidAndStoreLittleEndian) {
 TEST(TableSearch, RelationOperators) {
     IntVector block("T", 1, 0, 1.0, false);
     fillColumn(block, {5, 10, 10, 20});
-    bool found = false;
-    EXPECT_EQ(block.findFirstValueInCol(10, 0, found, IntVector::HwRelEqual), 2u);
-    EXPECT_TRUE(found);
-    EXPECT_EQ(block.findFirstValueInCol(5, 0, found, IntVector::HwRelEqual), 1u);
-    EXPECT_TRUE(found);
-    EXPECT_EQ(block.findFirstValueInCol(7, 0, found, IntVector::HwRelEqual), 0u);
-    EXPECT_FALSE(found);
-    EXPECT_EQ(block.findFirstValueInCol(10, 0, found, IntVector::HwRelGreater), 3u);
-    EXPECT_TRUE(found);
-    EXPECT_EQ(block.findFirstValueInCol(10, 0, found, IntVector::HwRelLess), 0u);
-    EXPECT_TRUE(found);
-    EXPECT_EQ(block.findFirstValueInCol(10, 0, found, IntVector::HwRelGreaterEqual), 2u);
-    EXPECT_EQ(block.findFirstValueInCol(11, 0, found, IntVector::HwRelGreaterEqual), 3u);
-    EXPECT_EQ(block.findFirstValueInCol(9, 0, found, IntVector::HwRelLessEqual), 0u);
-    EXPECT_TRUE(found);
-    EXPECT_EQ(block.findFirstValueInCol(4, 0, found, IntVector::HwRelLessEqual), 0u);
-    EXPECT_FALSE(found);
-    EXPECT_EQ(
-        block.findFirstValueInCol(10, 0, found, static_cast<IntVector::THwERelationOperator>(5)),
-        0u);
-    EXPECT_FALSE(found);
+    const struct {
+        int value;
+        int op;
+        unsigned row; // 1-based, 0 when nothing matches
+        bool found;
+    } cases[] = {
+        {10, IntVector::HwRelEqual, 2, true},        {5, IntVector::HwRelEqual, 1, true},
+        {7, IntVector::HwRelEqual, 0, false},        {10, IntVector::HwRelGreater, 3, true},
+        {10, IntVector::HwRelLess, 0, true},         {10, IntVector::HwRelGreaterEqual, 2, true},
+        {11, IntVector::HwRelGreaterEqual, 3, true}, {9, IntVector::HwRelLessEqual, 0, true},
+        {4, IntVector::HwRelLessEqual, 0, false},    {10, 5, 0, false},
+    };
+    for (const auto& c : cases) {
+        bool found = !c.found;
+        EXPECT_EQ(block.findFirstValueInCol(c.value, 0, found,
+                                            static_cast<IntVector::THwERelationOperator>(c.op)),
+                  c.row)
+            << c.value << " op " << c.op;
+        EXPECT_EQ(found, c.found) << c.value << " op " << c.op;
+    }
 }
 
 TEST(TableSearch, RowCountBoundsTheSearch) {

@@ -1,44 +1,35 @@
-// Helpers of the table template tests: images as byte arrays, fixtures, captured output.
+// Helpers of the table template tests: fixtures, little-endian fields and table images.
 #pragma once
 
-#include "support/Bytes.h"
+#include "support/Blocks.h"
 
 #include <QByteArray>
-#include <fstream>
-#include <sstream>
 #include <string>
 
 namespace Tupsim {
 namespace test {
 
 inline std::string fixture(const std::string& name) {
-    std::ifstream in(std::string(EPROM_TEST_DATA_DIR) + "/templates/" + name, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
+    return golden("templates/" + name);
 }
 
 inline void putU16(QByteArray& image, int offset, unsigned value) {
-    image[offset] = static_cast<char>(value & 0xFF);
-    image[offset + 1] = static_cast<char>((value >> 8) & 0xFF);
+    putAt<unsigned short>(image, offset, static_cast<unsigned short>(value));
 }
 
 inline void putU32(QByteArray& image, int offset, unsigned value) {
-    putU16(image, offset, value & 0xFFFF);
-    putU16(image, offset + 2, value >> 16);
+    putAt<unsigned>(image, offset, value);
 }
 
 inline unsigned getU16(const QByteArray& image, int offset) {
-    return static_cast<unsigned char>(image[offset]) |
-           (static_cast<unsigned char>(image[offset + 1]) << 8);
+    return valueAt<unsigned short>(image, offset);
 }
 
 inline unsigned getU32(const QByteArray& image, int offset) {
-    return getU16(image, offset) | (getU16(image, offset + 2) << 16);
+    return valueAt<unsigned>(image, offset);
 }
 
-// A zeroed image of `size` bytes with id, size and counts in place and a valid checksum once
-// sealed by the caller.
+// A zeroed image of `size` bytes with id, size and counts in place, to be sealed by the caller.
 inline QByteArray tableImage(int size, unsigned id, unsigned rows, unsigned cols,
                              int countsAt = 8) {
     QByteArray image(size, '\0');
@@ -59,12 +50,6 @@ inline unsigned wordSum(const QByteArray& image) {
 
 template <class Block> typename Block::HwSDatablock* record(QByteArray& image) {
     return reinterpret_cast<typename Block::HwSDatablock*>(image.data());
-}
-
-template <class Block> std::string printed(Block& block) {
-    std::ostringstream out;
-    block.printToStream(out);
-    return out.str();
 }
 
 } // namespace test

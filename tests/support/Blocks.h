@@ -1,4 +1,4 @@
-// Helpers for the block tests: records from bytes, sealed checksums, printed text, golden files.
+// Shared block helpers: records as bytes, sealing, unchecked loads, printouts, golden files.
 #pragma once
 
 #include "support/Bytes.h"
@@ -6,12 +6,19 @@
 
 #include <HwDatablock.h>
 
-#include <QByteArray>
+#include <QString>
+#include <algorithm>
 #include <cstring>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <ostream>
 #include <sstream>
 #include <string>
+
+// Readable failure messages for Qt strings.
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
 
 namespace Tupsim {
 namespace test {
@@ -44,17 +51,11 @@ template <typename Record> Record spoiled(const Record& record) {
     return recordOf<Record>(image);
 }
 
-inline std::string printed(HwDatablock& block) {
-    std::ostringstream out;
-    block.printToStream(out);
-    return out.str();
-}
-
-inline std::string golden(const std::string& name) {
-    std::ifstream in(std::string(EPROM_TEST_DATA_DIR) + "/ident/" + name, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
+// True when the image's words sum to zero, computed here, not by the library.
+inline bool sumsToZero(const QByteArray& image) {
+    QByteArray copy = image;
+    sealChecksum(copy);
+    return copy.mid(4, 2) == image.mid(4, 2);
 }
 
 // Replaces the block's image without any check.
@@ -63,19 +64,25 @@ inline void load(HwDatablock& block, const QByteArray& image) {
                                       static_cast<unsigned int>(image.size()));
 }
 
-// True when the image's words sum to zero, computed here, not by the library.
-inline bool sumsToZero(const QByteArray& image) {
-    QByteArray copy = image;
-    const QByteArray stored = copy.mid(4, 2);
-    sealChecksum(copy);
-    return copy.mid(4, 2) == stored;
+template <typename Block> std::string printed(Block& block) {
+    std::ostringstream out;
+    block.printToStream(out);
+    return out.str();
+}
+
+// A file of tests/data, e.g. "ident/model.txt"; empty when it cannot be read.
+inline std::string golden(const std::string& path) {
+    std::ifstream in(std::string(EPROM_TEST_DATA_DIR) + "/" + path, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
 }
 
 // Exactly one error was signalled so far: `code` with `text`.
-inline void expectRejected(const ServiceRecorders& services, int code, const char* text) {
+inline void expectRejected(const ServiceRecorders& services, int code, const std::string& text) {
     ASSERT_EQ(services.errors.signalled.size(), 1u);
     EXPECT_EQ(services.errors.signalled[0].first, code);
-    EXPECT_EQ(services.errors.signalled[0].second, QString::fromLatin1(text));
+    EXPECT_EQ(services.errors.signalled[0].second.toStdString(), text);
 }
 
 } // namespace test

@@ -1,0 +1,261 @@
+// Record import of every block kind with a fixed layout: what is taken, what is refused and how.
+#include "support/Blocks.h"
+
+#include <HwDatablockBaseTemplate.h>
+#include <HwDatablockCommonStatisticData.h>
+#include <HwDatablockCwop6VcoIdent.h>
+#include <HwDatablockIdent.h>
+#include <HwDatablockIpcUser10000.h>
+#include <HwDatablockIpcUser10040.h>
+#include <HwDatablockIqOp3RfmCalibDataMisc.h>
+#include <HwDatablockIqOp3RfmCalibDataMiscV20.h>
+#include <HwDatablockMbrdMac.h>
+#include <HwDatablockMbrdModel.h>
+#include <HwDatablockMbrdSerialNumber.h>
+#include <HwDatablockMbrdTimeMonitoringData.h>
+#include <HwDatablockMiscIdent.h>
+#include <HwDatablockModification.h>
+#include <HwDatablockModification110.h>
+#include <HwDatablockModification120.h>
+#include <HwDatablockSAtt3OWLDCounter.h>
+#include <HwDatablockSAtt6OWLDCounter.h>
+#include <HwDatablockSAttCCounter.h>
+#include <HwDatablockServiceData.h>
+#include <HwDatablockStatistic.h>
+
+#include "templates/HwDatablockTemplate.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+#include <vector>
+
+using namespace Tupsim;
+using namespace Tupsim::test;
+
+namespace {
+
+// Header (id, size, checksum 0, alignment) followed by `body`; sealed unless told otherwise.
+QByteArray image(int id, int size, int alignment, const QByteArray& body, bool seal = true) {
+    QByteArray out = bytesOf({id, id >> 8, size, size >> 8, 0, 0, alignment, alignment >> 8});
+    out += body;
+    if (seal)
+        sealChecksum(out);
+    return out;
+}
+
+QByteArray pattern(int length, int seed = 11) {
+    QByteArray out(length, '\0');
+    for (int i = 0; i < length; ++i)
+        out[i] = static_cast<char>(i * 37 + seed);
+    return out;
+}
+
+// `bytes` with `at` set to `values`, the checksum left as it is.
+QByteArray patched(QByteArray bytes, int at, std::initializer_list<int> values) {
+    return bytes.replace(at, static_cast<int>(values.size()), bytesOf(values));
+}
+
+QByteArray resealed(QByteArray bytes) {
+    sealChecksum(bytes);
+    return bytes;
+}
+
+QByteArray spoiledImage(QByteArray bytes) {
+    bytes[4] = static_cast<char>(bytes[4] ^ 0x01);
+    return bytes;
+}
+
+struct Kind {
+    const char* what;
+    std::function<std::unique_ptr<HwDatablock>()> make;
+    std::function<int(HwDatablock&, const char*)> setBlock;
+    QByteArray good;
+    QByteArray accepted;         // the block's image after importing `good`
+    std::vector<QByteArray> bad; // records refused, each with one error
+    int refusal;                 // what setBlock answers to a bad record or none
+    const char* text;            // the error's text
+    const char* printout;        // golden text of the imported block, if any
+};
+
+template <typename Block, typename Record>
+Kind kind(const char* what, std::function<Block*()> make, QByteArray good, QByteArray accepted,
+          std::vector<QByteArray> bad, int refusal = 1, const char* text = "",
+          const char* printout = "") {
+    return {what,
+            [make] { return std::unique_ptr<HwDatablock>(make()); },
+            [](HwDatablock& block, const char* record) {
+                return static_cast<Block&>(block).setBlock(
+                    reinterpret_cast<Record*>(const_cast<char*>(record)));
+            },
+            good,
+            accepted.isNull() ? good : accepted,
+            bad,
+            refusal,
+            text,
+            printout};
+}
+
+template <typename Block> std::function<Block*()> plain() {
+    return [] { return new Block; };
+}
+
+std::vector<Kind> kinds() {
+    const QByteArray model =
+        image(12001, 40, 0, QByteArray("SGX-4000 Generator").leftJustified(32, '\0'));
+    const QByteArray serial = image(12000, 12, 4, bytesOf({77, 0, 0, 0}));
+    QByteArray macBody(248, '\xff');
+    macBody.replace(0, 10, bytesOf({6, 0, 0, 0, 1, 2, 3, 4, 5, 6}));
+    const QByteArray mac = image(12004, 256, 0, macBody);
+    QByteArray timeBody = QByteArray("2023-01-02").leftJustified(32, '\0') + bytesOf({2, 0, 0, 0});
+    timeBody += bytesOf({0xaa, 0xbb}) + QByteArray(126, '\xff');
+    const QByteArray time = image(12008, 172, 0, timeBody);
+    const QByteArray vco = image(10502, 28, 0, pattern(20));
+    const QByteArray service = image(205, 24, 4, pattern(16));
+    const QByteArray statistic = image(300, 12, 8, bytesOf({99, 0, 0, 0}));
+    const QByteArray ident = image(3, 44, 0, pattern(36));
+    const QByteArray miscIdent = image(10503, 44, 0, pattern(36, 5));
+    const QByteArray modification = image(110, 28, 4, pattern(20));
+    const QByteArray list = image(120, 16, 0, bytesOf({1, 0, 0, 0, 2, 0, 0, 0}));
+    const QByteArray satt3 = image(10604, 12, 0, bytesOf({99, 0, 0, 0}));
+    const QByteArray satt6 = image(11203, 12, 0, bytesOf({1, 0, 0, 0}));
+    const QByteArray ipc = patched(
+        image(10000, 56, 0, QByteArray("Hello").leftJustified(48, '\0'), false), 4, {0xad, 0x0b});
+    const QByteArray ipcOther = image(10001, 12, 0, QByteArray("Hello").leftJustified(48, '\0'));
+    QByteArray ipc40 = bytesOf({0x38, 0x27, 0x5e, 0}) + QByteArray("ABCDEFGHIJKLMNOPQRSTUVWXYZ");
+    ipc40 = ipc40.leftJustified(94, '\0');
+    const QByteArray sattc =
+        bytesOf({0x24, 0x2c, 16, 0, 0xad, 0x0b, 0, 0, 12, 0, 0, 0, 0x80, 0x0d, 0, 0});
+    const QByteArray common =
+        patched(image(11312, 524, 4, bytesOf({3, 0, 0, 0, 9, 8, 7, 6}) + QByteArray(508, 0), false),
+                4, {0x34, 0x12});
+    const QByteArray misc = image(10301, 168, 4, pattern(160));
+    const QByteArray v20 = image(10315, 116, 0, pattern(108));
+    // 2 rows of 3 columns in a 4 x 10 table; another id word is taken as it is
+    QByteArray alcBody = bytesOf({2, 0, 0, 0, 3, 0, 0, 0}) + pattern(160);
+    const QByteArray alc = image(15732, 176, 0, alcBody);
+    const QByteArray vtrim = image(12310, 56, 0, bytesOf({1, 0, 0, 0, 1, 0, 0, 0}) + pattern(40));
+    using AlcData = HwDatablockBaseTemplate<int, int, 4, 10>;
+    using Vtrim = HwDatablockTemplate<MiscData<int, 10, 1>, int, double, 10, 1>;
+    const auto sattcBlock = [] { return new HwDatablockSAttCCounter(VARIANT_SATTC_OVLDCOUNTER); };
+    const auto commonBlock = [] {
+        return new HwDatablockCommonStatisticData(VARIANT_POWERON_COUNT);
+    };
+
+    return {
+        kind<HwDatablockMbrdModel, HwSDatablockMbrdModel>("model", plain<HwDatablockMbrdModel>(),
+                                                          model, {}, {spoiledImage(model)}, 1,
+                                                          "   HwDatablockMbrdModel"),
+        // alignment cleared, the record's checksum kept
+        kind<HwDatablockMbrdSerialNumber, HwSDatablockMbrdSerialNumber>(
+            "serial", plain<HwDatablockMbrdSerialNumber>(), serial, patched(serial, 6, {0}),
+            {spoiledImage(serial)}, 1, "   HwSDatablockMbrdSerialNumber"),
+        // id and size are checked too; the length is forced to the field's 16
+        kind<HwDatablockMbrdMac, HwSDatablockMbrdMac>(
+            "mac", plain<HwDatablockMbrdMac>(), mac, patched(mac, 8, {16}),
+            {image(12005, 256, 0, macBody), image(12004, 254, 0, macBody), spoiledImage(mac)},
+            1040000, "   HwSDatablockMbrdMac"),
+        kind<HwDatablockMbrdTimeMonitoringData, HwSDatablockMbrdTimeMonitoringDataEx>(
+            "time monitoring", plain<HwDatablockMbrdTimeMonitoringData>(), time, {},
+            {image(12004, 172, 0, timeBody)}, 1040000, "   HwSDatablockMbrdTimeMonitoringData"),
+        kind<HwDatablockCwop6VcoIdent, HwSDatablockCwop6VcoIdent>(
+            "vco", plain<HwDatablockCwop6VcoIdent>(), vco, {}, {spoiledImage(vco)}, 1,
+            "   HwDatablockCwop6VcoIdent"),
+        kind<HwDatablockServiceData, HwSDatablockServiceData>(
+            "service", plain<HwDatablockServiceData>(), service, patched(service, 6, {0}),
+            {spoiledImage(service)}, 1, "   HwDatablockServiceData"),
+        kind<HwDatablockStatistic, HwSDatablockStatistic>(
+            "statistic", plain<HwDatablockStatistic>(), statistic, patched(statistic, 6, {0}),
+            {spoiledImage(statistic)}, 1, "   HwDatablockStatistic"),
+        kind<HwDatablockIdent, HwSDatablockIdent>("ident", plain<HwDatablockIdent>(), ident, {},
+                                                  {spoiledImage(ident)}, 1, "   HwDatablockIdent"),
+        kind<HwDatablockMiscIdent, HwSDatablockMiscIdent>(
+            "misc ident", plain<HwDatablockMiscIdent>(), miscIdent, {}, {spoiledImage(miscIdent)},
+            1, "   HwDatablockMiscIdent"),
+        // the alignment is kept
+        kind<HwDatablockModification, HwSDatablockModification>(
+            "modification", plain<HwDatablockModification>(), modification, {},
+            {spoiledImage(modification)}, 1, "   HwDatablockModification"),
+        kind<HwDatablockModification110, HwSDatablockModification110>(
+            "modification 110", plain<HwDatablockModification110>(), modification, {},
+            {spoiledImage(modification)}, 1, "   HwDatablockModification110"),
+        // the size word says how much is taken; below the header it is refused
+        kind<HwDatablockModification120, HwSDatablockModification120>(
+            "modification 120", plain<HwDatablockModification120>(), list + "trailing bytes", list,
+            {patched(list, 8, {9}), image(120, 6, 0, {})}, 1, "   HwDatablockModification120"),
+        // id and size stay as constructed, the record's checksum is kept
+        kind<HwDatablockSAtt3OWLDCounter, HwSDatablockSAtt3OWLDCounter>(
+            "satt3", [] { return new HwDatablockSAtt3OWLDCounter(1); }, satt3,
+            patched(satt3, 0, {0x6d}), {spoiledImage(satt3)}, 1, "   HwDatablockSAtt3OWLDCounter"),
+        kind<HwDatablockSAtt6OWLDCounter, HwSDatablockSAtt6OWLDCounter>(
+            "satt6", [] { return new HwDatablockSAtt6OWLDCounter(1); }, satt6,
+            patched(satt6, 0, {0xc4}), {spoiledImage(satt6)}, 1, "   HwDatablockSAtt6OWLDCounter",
+            "ident/satt6_second.txt"),
+        // its own id and size pass unchecked; another id needs a good checksum and takes only
+        // as many bytes as its size word
+        kind<HwDatablockIpcUser10000, HwSDatablockIpcUser10000>(
+            "ipc 10000", plain<HwDatablockIpcUser10000>(), ipc, {}, {}, 1, "",
+            "ident/ipc10000.txt"),
+        kind<HwDatablockIpcUser10000, HwSDatablockIpcUser10000>(
+            "ipc 10000, other id", plain<HwDatablockIpcUser10000>(), ipcOther,
+            ipcOther.left(12) + QByteArray(44, 0), {spoiledImage(ipcOther)}, 1,
+            "   HwDatablockIpcUser10000"),
+        // no checksum at all: the data start at byte 4
+        kind<HwDatablockIpcUser10040, HwSDatablockIpcUser10040>(
+            "ipc 10040", plain<HwDatablockIpcUser10040>(), ipc40, {}, {patched(ipc40, 2, {0x5c})},
+            1, "   HwDatablockIpcUser10040", "ident/ipc10040.txt"),
+        // the record's checksum is ignored and a fresh one computed
+        kind<HwDatablockSAttCCounter, HwSDatablockSAttCCounter>("sattc", sattcBlock, sattc,
+                                                                resealed(sattc), {}),
+        // unchecked; the data stop at the length, the checksum is the one sealed before they came
+        kind<HwDatablockCommonStatisticData, HwSDatablockCommonStatisticData>(
+            "common statistic", commonBlock, common,
+            patched(image(11312, 524, 4, bytesOf({0, 2, 0, 0}) + QByteArray(512, 0)), 8,
+                    {3, 0, 0, 0, 9, 8, 7}),
+            {}),
+        // the table templates name the id in the error
+        kind<AlcData, AlcData::HwSDatablock>(
+            "table", [] { return new AlcData("RFBO_ALC_DATA", 15731, 0, 1.0, false); }, alc, {},
+            {spoiledImage(alc)}, 1, "15732"),
+        kind<Vtrim, Vtrim::HwSDatablock>(
+            "misc table", [] { return new Vtrim("PYM_DCON_VTRIM_VALUE", 12310, 0, 1.0, false); },
+            vtrim, {}, {spoiledImage(vtrim)}, 1, "12310"),
+        kind<HwDatablockIqOp3RfmCalibDataMisc, HwSDatablockIqOp3RfmCalibDataMisc>(
+            "iq misc", plain<HwDatablockIqOp3RfmCalibDataMisc>(), misc, patched(misc, 6, {0}),
+            {patched(misc, 150, {0})}, 1, "   HwDatablockIqOp3RfmCalibDataMisc"),
+        kind<HwDatablockIqOp3RfmCalibDataMiscV20, HwSDatablockIqOp3RfmCalibDataMiscV20>(
+            "iq misc v20", plain<HwDatablockIqOp3RfmCalibDataMiscV20>(), v20, {},
+            {patched(v20, 20, {0})}, 1, "   HwDatablockIqOp3RfmCalibDataMiscV20"),
+    };
+}
+
+} // namespace
+
+TEST(SetBlock, EveryKindTakesAGoodRecordAndRefusesABadOneUntouched) {
+    for (const Kind& k : kinds()) {
+        SCOPED_TRACE(k.what);
+        ServiceRecorders services;
+        std::unique_ptr<HwDatablock> block = k.make();
+        EXPECT_FALSE(block->getStopConversionOnError());
+        ASSERT_EQ(k.setBlock(*block, k.good.constData()), 0);
+        EXPECT_EQ(hex(block->getByteArrayData()), hex(k.accepted));
+        EXPECT_TRUE(services.errors.signalled.empty());
+        if (*k.printout)
+            EXPECT_EQ(printed(*block), golden(k.printout));
+
+        std::unique_ptr<HwDatablock> other = k.make();
+        const QByteArray fresh = other->getByteArrayData();
+        for (const QByteArray& bad : k.bad) {
+            const QByteArray padded = bad.leftJustified(k.good.size(), '\0');
+            EXPECT_EQ(k.setBlock(*other, padded.constData()), k.refusal) << hex(bad);
+        }
+        EXPECT_EQ(other->getByteArrayData(), fresh);
+        ASSERT_EQ(services.errors.signalled.size(), k.bad.size());
+        for (const auto& error : services.errors.signalled) {
+            EXPECT_EQ(error.first, k.refusal == 1 ? 1040001 : k.refusal);
+            EXPECT_EQ(error.second.toStdString(), k.text);
+        }
+        EXPECT_EQ(k.setBlock(*other, nullptr), k.refusal);
+        EXPECT_EQ(other->getByteArrayData(), fresh);
+    }
+}
