@@ -203,7 +203,7 @@ QByteArray countedImage(int id, int size, quint32 rows, quint32 cols) {
 
 std::string printedImage(HwDatablockOldStyleInterpreter& interpreter, const QByteArray& image) {
     HwDatablock block(false);
-    loadImage(block, image);
+    load(block, image);
     return printedThrough(interpreter, &block);
 }
 } // namespace
