@@ -45,9 +45,9 @@ void writeHeadedLineForm(std::ostream& out, const HeadedLineForm& form, const Ta
     blankComments(out, 5);
     if (rows == 0)
         out << '\n';
-    for (quint32 r = 0; r < printableCount(rows); ++r) {
+    for (quint32 r = 0; r < printableCount(cells.shownRows()); ++r) {
         out << rowNumber(r + 1) << ":  ";
-        for (quint32 c = 0; c < printableCount(cols); ++c)
+        for (quint32 c = 0; c < printableCount(cells.shownCols()); ++c)
             out << "    " << fixedNumber(cells.cell(r, c), 10, 21);
         out << '\n';
     }

@@ -226,9 +226,9 @@ void writeLineForm(std::ostream& out, const std::string& name, const TableCells&
     const quint32 cols = cells.colCount();
     out << "ID:  " << name << '\n';
     out << "COUNT:  " << std::to_string(rows) << '*' << std::to_string(cols) << '\n';
-    for (quint32 r = 0; r < printableCount(rows); ++r) {
+    for (quint32 r = 0; r < printableCount(cells.shownRows()); ++r) {
         out << std::to_string(cells.rowIndex(r)) << ": ";
-        for (quint32 c = 0; c < printableCount(cols); ++c) {
+        for (quint32 c = 0; c < printableCount(cells.shownCols()); ++c) {
             // The value is cut to an integer before it is printed with three decimals.
             const double whole = static_cast<double>(truncateTo<long long>(cells.cell(r, c)));
             out << '\t' << fixedNumber(whole, 3);

@@ -180,6 +180,8 @@ public:
         return static_cast<double>(getCalValue(row, col));
     }
     qint32 rowIndex(quint32 row) const override { return table.index(row); }
+    quint32 rowCapacity() const override { return shape.maxRows; }
+    quint32 colCapacity() const override { return shape.maxCols; }
 
 private:
     static bool matches(TValue cell, TValue value, int op, quint32 row, quint32& result) {

@@ -112,8 +112,8 @@ void writeTokenBody(std::ostream& out, const TableCells& cells, const TokenStyle
     const quint32 rows = cells.rowCount();
     const quint32 cols = cells.colCount();
     out << "COUNT:  " << std::to_string(rows) << '*' << std::to_string(cols) << '\n';
-    const quint32 shownRows = printableCount(rows);
-    const quint32 shownCols = printableCount(cols);
+    const quint32 shownRows = printableCount(cells.shownRows());
+    const quint32 shownCols = printableCount(cells.shownCols());
     const auto value = [&](quint32 r, quint32 c) {
         return fixedNumber(cells.cell(r, c), style.precision, 0, style.bufferSize);
     };
