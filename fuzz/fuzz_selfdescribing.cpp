@@ -51,8 +51,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     fuzz::Input input(data, size);
     const unsigned flags = input.byte();
     QByteArray image = input.rest();
-    // Ids from 20000 on are self-describing; the input picks one, or keeps its own header.
-    if (!(flags & 1) && image.size() >= 2) {
+    // Ids from 20000 on are self-describing; the input picks one, or keeps its own when it is
+    // one of them.
+    const bool own = image.size() >= 2 && (flags & 1) && quint8(image[1]) >= 0x4E;
+    if (!own && image.size() >= 2) {
         image[0] = static_cast<char>(0x20);
         image[1] = static_cast<char>(0x4E + ((flags >> 4) & 0x0F));
     }

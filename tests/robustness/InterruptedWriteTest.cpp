@@ -70,8 +70,8 @@ int waitFor(pid_t child) {
 TEST(InterruptedWrite, ImportKilledAtRandomLeavesOldOrNewBytes) {
     QTemporaryDir dir;
     ASSERT_TRUE(dir.isValid());
-    const QByteArray before = largeImage(6 * 1024 * 1024);
-    ASSERT_GT(before.size(), 4 * 1024 * 1024);
+    const QByteArray before = largeImage(4 * 1024 * 1024 + 64 * 1024);
+    ASSERT_GE(before.size(), 4 * 1024 * 1024);
     QByteArray text = readFile(QStringLiteral(EPROM_SOURCE_DIR "/examples/sample.cal"));
     const int cell = text.indexOf("1812.000");
     ASSERT_GE(cell, 0);
@@ -96,10 +96,10 @@ TEST(InterruptedWrite, ImportKilledAtRandomLeavesOldOrNewBytes) {
     const unsigned seed = device();
     std::mt19937 random(seed);
     const long long window =
-        std::chrono::duration_cast<std::chrono::microseconds>(whole).count() * 6 / 5 + 1;
+        std::chrono::duration_cast<std::chrono::microseconds>(whole).count() + 1;
     std::uniform_int_distribution<long long> moment(0, window);
     int interrupted = 0;
-    for (int run = 0; run < 30; ++run) {
+    for (int run = 0; run < 25; ++run) {
         for (const QString& left : QDir(dir.path()).entryList(QDir::Files))
             if (left != QStringLiteral("edit.cal"))
                 QFile::remove(dir.filePath(left));
@@ -112,8 +112,9 @@ TEST(InterruptedWrite, ImportKilledAtRandomLeavesOldOrNewBytes) {
 
         const QByteArray now = readFile(image);
         EXPECT_TRUE(now == before || now == after) << "run " << run << ", seed " << seed;
-        if (QFile::exists(backup))
+        if (QFile::exists(backup)) {
             EXPECT_EQ(readFile(backup), before) << "run " << run << ", seed " << seed;
+        }
     }
     // Most runs are cut short; the others finished before the kill.
     EXPECT_GT(interrupted, 0);
