@@ -6,6 +6,8 @@ IMAGE ?= examples/sample.eeprom
 # `make run` writes its export here, never into the repository.
 RUN_DIR ?= $(or $(TMPDIR),/tmp)/epromtool-run
 TOOL = $(BUILD)/tools/epromtool/epromtool
+# Rebuilds go through ccache where it is installed.
+CCACHE := $(shell command -v ccache >/dev/null 2>&1 && echo -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 
 .PHONY: all deps configure build test asan fuzz-deps fuzz-build fuzz fuzz-merge run examples goldens bench format clean
 
@@ -20,7 +22,7 @@ deps:
 	fi
 
 configure: deps
-	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo $(CCACHE)
 
 build: configure
 	cmake --build $(BUILD) -j $(JOBS)
@@ -29,7 +31,7 @@ test: build
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
 
 asan: deps
-	cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=Debug -DEPROM_SANITIZE=address,undefined -DEPROM_BUILD_BENCH=OFF
+	cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=Debug -DEPROM_SANITIZE=address,undefined -DEPROM_BUILD_BENCH=OFF $(CCACHE)
 	cmake --build build-asan -j $(JOBS)
 	cd build-asan && ctest --output-on-failure -j $(JOBS)
 
@@ -56,7 +58,7 @@ fuzz-deps:
 fuzz-build: fuzz-deps
 	cmake -S . -B $(FUZZ_BUILD) -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo \
 		-DEPROM_BUILD_FUZZ=ON -DEPROM_BUILD_TESTS=OFF -DEPROM_BUILD_TOOLS=OFF -DEPROM_BUILD_BENCH=OFF \
-		$$(command -v ccache >/dev/null && echo -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+		$(CCACHE)
 	cmake --build $(FUZZ_BUILD) -j $(JOBS)
 
 # Runs every target for FUZZ_SECONDS from its committed corpus (left untouched: new inputs go to
