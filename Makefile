@@ -6,8 +6,10 @@ IMAGE ?= examples/sample.eeprom
 # `make run` writes its export here, never into the repository.
 RUN_DIR ?= $(or $(TMPDIR),/tmp)/epromtool-run
 TOOL = $(BUILD)/tools/epromtool/epromtool
+# Rebuilds go through ccache where it is installed.
+CCACHE := $(shell command -v ccache >/dev/null 2>&1 && echo -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 
-.PHONY: all deps configure build test asan run examples goldens bench format clean
+.PHONY: all deps configure build test asan fuzz-deps fuzz-build fuzz fuzz-merge run examples goldens bench format clean
 
 all: build
 
@@ -20,7 +22,7 @@ deps:
 	fi
 
 configure: deps
-	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo $(CCACHE)
 
 build: configure
 	cmake --build $(BUILD) -j $(JOBS)
@@ -29,9 +31,59 @@ test: build
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
 
 asan: deps
-	cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=Debug -DEPROM_SANITIZE=address,undefined -DEPROM_BUILD_BENCH=OFF
+	cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=Debug -DEPROM_SANITIZE=address,undefined -DEPROM_BUILD_BENCH=OFF $(CCACHE)
 	cmake --build build-asan -j $(JOBS)
 	cd build-asan && ctest --output-on-failure -j $(JOBS)
+
+# Fuzzing: clang with its libFuzzer runtime, the library built with ASan and UBSan in build-fuzz.
+FUZZ_SECONDS ?= 60
+FUZZ_TARGETS := block selfdescribing text image
+FUZZ_PACKAGES := clang libclang-rt-14-dev qtbase5-dev cmake make
+FUZZ_BUILD := build-fuzz
+# Block images are small; texts and whole images get 64 KiB.
+FUZZ_LEN = $$(case $$t in block|selfdescribing) echo 4096;; *) echo 65536;; esac)
+# One process, in-process (no -jobs, so that a finding ends the run with its exit code); the
+# library's own error lines on standard error are dropped, libFuzzer's reports are not.
+FUZZ_FLAGS = -dict=fuzz/calibration.dict -rss_limit_mb=512 -timeout=1 -close_fd_mask=3 \
+	-print_final_stats=1
+
+fuzz-deps:
+	@missing=""; for p in $(FUZZ_PACKAGES); do dpkg -s $$p >/dev/null 2>&1 || missing="$$missing $$p"; done; \
+	if [ -n "$$missing" ]; then \
+		echo "installing:$$missing"; \
+		if [ "$$(id -u)" = 0 ]; then apt-get update -qq && DEBIAN_FRONTEND=noninteractive apt-get install -y -qq $$missing; \
+		else echo "please install as root:$$missing"; exit 1; fi; \
+	fi
+
+fuzz-build: fuzz-deps
+	cmake -S . -B $(FUZZ_BUILD) -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+		-DEPROM_BUILD_FUZZ=ON -DEPROM_BUILD_TESTS=OFF -DEPROM_BUILD_TOOLS=OFF -DEPROM_BUILD_BENCH=OFF \
+		$(CCACHE)
+	cmake --build $(FUZZ_BUILD) -j $(JOBS)
+
+# Runs every target for FUZZ_SECONDS from its committed corpus (left untouched: new inputs go to
+# the build directory); any crash, leak, timeout or memory overrun fails.
+fuzz: fuzz-build
+	@for t in $(FUZZ_TARGETS); do \
+		work=$(FUZZ_BUILD)/corpus/$$t; art=$(FUZZ_BUILD)/artifacts/$$t; mkdir -p $$work $$art; \
+		echo "== fuzz_$$t for $(FUZZ_SECONDS) s"; \
+		$(FUZZ_BUILD)/fuzz/fuzz_$$t $(FUZZ_FLAGS) -max_len=$(FUZZ_LEN) \
+			-max_total_time=$(FUZZ_SECONDS) -artifact_prefix=$$art/ $$work fuzz/corpus/$$t \
+			> $(FUZZ_BUILD)/fuzz_$$t.log 2>&1; code=$$?; \
+		grep -E "^#[0-9]+ +DONE|stat::number_of_executed_units|stat::average_exec_per_sec" $(FUZZ_BUILD)/fuzz_$$t.log; \
+		if [ $$code != 0 ] || [ -n "$$(ls -A $$art)" ]; then \
+			tail -n 60 $(FUZZ_BUILD)/fuzz_$$t.log; echo "fuzz_$$t: finding in $$art"; exit 1; fi; \
+	done
+
+# Minimises each committed corpus together with what the last runs found, by edge coverage
+# alone so that it stays a few hundred small files.
+fuzz-merge: fuzz-build
+	@for t in $(FUZZ_TARGETS); do \
+		rm -rf fuzz/corpus/$$t.new; mkdir -p fuzz/corpus/$$t.new $(FUZZ_BUILD)/corpus/$$t; \
+		$(FUZZ_BUILD)/fuzz/fuzz_$$t -merge=1 -use_counters=0 -close_fd_mask=3 -max_len=$(FUZZ_LEN) -rss_limit_mb=512 -timeout=5 \
+			fuzz/corpus/$$t.new fuzz/corpus/$$t $(FUZZ_BUILD)/corpus/$$t 2>&1 | tail -n 1; \
+		rm -rf fuzz/corpus/$$t; mv fuzz/corpus/$$t.new fuzz/corpus/$$t; \
+	done
 
 # list, verify and export IMAGE; every step runs, and the worst exit code is make's.
 run: build
@@ -63,4 +115,4 @@ format:
 	clang-format -i $$(git ls-files '*.h' '*.cpp')
 
 clean:
-	rm -rf $(BUILD) build-asan
+	rm -rf $(BUILD) build-asan $(FUZZ_BUILD)
