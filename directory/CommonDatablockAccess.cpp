@@ -139,11 +139,12 @@ QVector<QStringList> CommonDatablockAccess::getDataInStringVector(unsigned int b
     std::size_t rowsRead = 0;
     for (const auto& column : table->values)
         rowsRead = std::max(rowsRead, column.size());
-    rowsRead = std::min<std::size_t>(rowsRead, table->rowCount);
-    rows.resize(static_cast<int>(rowsRead));
-    for (std::size_t column = 0; column < table->values.size(); ++column) {
+    const layout::Rendering shown = layout::rendering(
+        *table, table->values.size(), std::min<std::size_t>(rowsRead, table->rowCount));
+    rows.resize(static_cast<int>(shown.rows));
+    for (std::size_t column = 0; column < shown.columns; ++column) {
         const QStringList texts = getStringColumn(static_cast<unsigned>(column), block);
-        for (std::size_t r = 0; r < rowsRead; ++r)
+        for (std::size_t r = 0; r < shown.rows; ++r)
             rows[int(r)].append(r < std::size_t(texts.size()) ? texts[int(r)] : QString());
     }
     return rows;

@@ -113,13 +113,15 @@ std::ostream& HwDatablock2Edition::printTablePage(std::ostream& out, const HwSDa
     std::size_t rowsRead = std::size_t(rowIds.size());
     for (const auto& values : table.values)
         rowsRead = std::max(rowsRead, values.size());
-    for (std::size_t r = 0; r < std::min<std::size_t>(rowsRead, table.rowCount); ++r) {
+    const layout::Rendering shown =
+        layout::rendering(table, columns, std::min<std::size_t>(rowsRead, table.rowCount));
+    for (std::size_t r = 0; r < shown.rows; ++r) {
         // Without row identifiers the row number stands in their place.
         lines.push_back({table.rowIdType == NONE ? textOf(r)
                          : r < std::size_t(rowIds.size())
                              ? elementText(rowIds[int(r)], table.rowIdType)
                              : std::string()});
-        for (std::size_t c = 0; c < columns; ++c) {
+        for (std::size_t c = 0; c < shown.columns; ++c) {
             const bool held = c < table.values.size() && r < table.values[c].size();
             lines.back().push_back(held ? elementText(table.values[c][r], table.colTypes[c]) : "");
         }

@@ -1,6 +1,8 @@
 // Identifier runs of self-describing images.
 #include "directory/SelfDescribingLayout.h"
 
+#include <algorithm>
+
 namespace Tupsim {
 namespace layout {
 
@@ -17,6 +19,20 @@ QList<QByteArray> identifiers(const QByteArray& ids, unsigned int type, std::uin
          at += width)
         out.append(ids.mid(at, width));
     return out;
+}
+
+Rendering rendering(const HwSBlockDescription& table, std::size_t columns, std::size_t rowsRead) {
+    std::size_t held = 0;
+    std::size_t lastHeld = 0;
+    for (std::size_t c = 0; c < table.values.size() && c < columns; ++c) {
+        held += table.values[c].size();
+        if (!table.values[c].empty())
+            lastHeld = c + 1;
+    }
+    const std::size_t shown = std::min(columns, lastHeld);
+    const std::size_t budget = 16 * (held + columns) + 4096;
+    const std::size_t rows = shown == 0 ? rowsRead : std::min(rowsRead, budget / shown);
+    return {shown, rows};
 }
 
 } // namespace layout

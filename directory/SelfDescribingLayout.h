@@ -2,10 +2,12 @@
 #pragma once
 
 #include "ETypeId.h"
+#include "HwSBlockDescription.h"
 #include "core/ElementTypes.h"
 
 #include <QByteArray>
 #include <QList>
+#include <cstddef>
 #include <cstdint>
 
 namespace Tupsim {
@@ -38,6 +40,16 @@ inline std::uint64_t padLength(std::uint64_t pos, std::uint64_t unit) {
 // Splits an identifier run into at most `count` identifiers: fixed-width ones by their size,
 // STRING ones at their zeros (which are left out); an incomplete last one is dropped.
 QList<QByteArray> identifiers(const QByteArray& ids, unsigned int type, std::uint64_t count);
+
+// What a text rendering of `table` shows: `columns` cut behind the last column that holds a
+// value (behind it the image ended), and of its `rowsRead` rows as many as keep the cells in
+// proportion to the values the image held. A damaged header may claim thousands of columns
+// beside a column of thousands of rows; shown whole, that is millions of empty cells.
+struct Rendering {
+    std::size_t columns;
+    std::size_t rows;
+};
+Rendering rendering(const HwSBlockDescription& table, std::size_t columns, std::size_t rowsRead);
 
 } // namespace layout
 } // namespace Tupsim

@@ -177,3 +177,17 @@ TEST(BoundedWork, ComplaintsAboutOneSectionAreSummarised) {
     EXPECT_LE(status.complaints.size(), size_t(TextReadStatus::kMaxComplaints));
     EXPECT_LT(status.message().size(), 2000u);
 }
+
+// A self-describing block whose header claims thousands of columns beside a column of
+// thousands of rows: its page shows the cells in proportion to what the image holds.
+TEST(BoundedWork, SelfDescribingPageOfAClaimedHugeTable) {
+    const QByteArray input = readFile(
+        QStringLiteral(EPROM_TEST_DATA_DIR "/robustness/selfdescribing-page-quadratic.fuzz"));
+    ASSERT_GT(input.size(), 2);
+    // The fuzz input: a 16-bit length, the image, then calibration text.
+    const int length = quint8(input[0]) | quint8(input[1]) << 8;
+    const EepromImage image = EepromImage::fromBytes(input.mid(2, length));
+    const std::string text = exportImage(image);
+    EXPECT_LT(text.size(), 64u * static_cast<std::size_t>(image.size()));
+    EXPECT_NE(text.find("USER_"), std::string::npos);
+}
