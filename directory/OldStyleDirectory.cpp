@@ -27,24 +27,27 @@ HwDatablock* createCounterBytes(int id, const char* idString) {
 
 constexpr DirectoryRow plain(int first, int last, Factory make, const char* className,
                              BlockKind kind, const char* textId) {
-    return {first, last, make, nullptr, false, className, kind, textId};
+    return {first, last, make, nullptr, false, className, kind, textId, 0, 0};
 }
-constexpr DirectoryRow misc(int id, Factory make, const char* className, const char* idString) {
-    return {id, id, make, idString, false, className, BlockKind::CalibrationTable, idString};
+constexpr DirectoryRow misc(int id, Factory make, const char* className, const char* idString,
+                            quint32 rows, quint32 cols) {
+    return {id,       id,   make, idString, false, className, BlockKind::CalibrationTable,
+            idString, rows, cols};
 }
 constexpr DirectoryRow catalogue(int first, int last) {
-    return {first, last, nullptr, nullptr, false, nullptr, BlockKind::CalibrationTable, nullptr};
+    return {first,   last, nullptr, nullptr, false, nullptr, BlockKind::CalibrationTable,
+            nullptr, 0,    0};
 }
 
 #define EPROM_BLOCKS(first, last, Class, Kind, TextId)                                             \
     plain(first, last, create<Class>, #Class, BlockKind::Kind, TextId),
 #define EPROM_BLOCKS_MISC(id, Rows, Cols, TextId)                                                  \
-    misc(id, createMisc<Rows, Cols>, "HwDatablockTemplate", TextId),
+    misc(id, createMisc<Rows, Cols>, "HwDatablockTemplate", TextId, Rows, Cols),
 #define EPROM_BLOCKS_COUNTER_BYTES(id, TextId)                                                     \
-    misc(id, createCounterBytes, "HwDatablockTemplateWithoutChecksum", TextId),
+    misc(id, createCounterBytes, "HwDatablockTemplateWithoutChecksum", TextId, 1, 2048),
 #define EPROM_BLOCKS_TABLES(first, last, Converted) catalogue(first, last),
 #define EPROM_BLOCKS_END(id, Class)                                                                \
-    {id, id, create<Class>, nullptr, true, #Class, BlockKind::End, "END"},
+    {id, id, create<Class>, nullptr, true, #Class, BlockKind::End, "END", 0, 0},
 
 const DirectoryRow kRows[] = {
 #include "directory/OldStyleBlocks.def"
@@ -77,6 +80,16 @@ void registerOne(IdHwDatablockOldStyleClassDict& dict, int id, Factory make, con
 const DirectoryRow* directoryRows(std::size_t& count) {
     count = sizeof kRows / sizeof kRows[0];
     return kRows;
+}
+
+bool miscCapacity(quint16 id, quint32& rows, quint32& cols) {
+    for (const DirectoryRow& row : kRows)
+        if (row.idString != nullptr && row.first == id) {
+            rows = row.maxRows;
+            cols = row.maxCols;
+            return true;
+        }
+    return false;
 }
 
 void fillDirectory(IdHwDatablockOldStyleClassDict& dict) {

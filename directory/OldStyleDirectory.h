@@ -21,10 +21,16 @@ struct DirectoryRow {
     const char* className;
     BlockKind kind;
     const char* textId; // printf pattern that may take the id
+    // The generic misc-data tables' capacity; 0 for every other row.
+    quint32 maxRows;
+    quint32 maxCols;
 };
 
 // The rows in directory order; an id may appear twice, the first row wins.
 const DirectoryRow* directoryRows(std::size_t& count);
+
+// The capacity of the generic misc-data table of `id`; false when `id` is none.
+bool miscCapacity(quint16 id, quint32& rows, quint32& cols);
 
 // Registers one new prototype per id of the table, in table order, with insert semantics: an id
 // already present keeps its first prototype and the later one is deleted. On an allocation

@@ -4,6 +4,7 @@
 
 #include "HwCalibTableBlocks.h"
 #include "core/HwBytes.h"
+#include "directory/OldStyleDirectory.h"
 
 #include "templates/ValueConversion.h"
 
@@ -268,19 +269,26 @@ const TableKind* find(quint16 id) {
 }
 
 QString overCapacity(quint16 id, const unsigned char* block, std::size_t size) {
-    const TableKind* kind = find(id);
-    if (kind == nullptr)
+    quint32 maxRows = 0;
+    quint32 maxCols = 0;
+    int countsOffset = 8; // behind the header, as in the misc-data tables
+    if (const TableKind* kind = find(id)) {
+        maxRows = kind->maxRows;
+        maxCols = kind->maxCols;
+        countsOffset = kind->countsOffset;
+    } else if (!oldstyle::miscCapacity(id, maxRows, maxCols)) {
         return QString();
+    }
     const char* base = reinterpret_cast<const char*>(block);
-    const quint32 rows = bytes::getLE<quint32>(base, size, kind->countsOffset);
-    const quint32 cols = bytes::getLE<quint32>(base, size, kind->countsOffset + 4);
-    if (rows <= kind->maxRows && cols <= kind->maxCols)
+    const quint32 rows = bytes::getLE<quint32>(base, size, countsOffset);
+    const quint32 cols = bytes::getLE<quint32>(base, size, countsOffset + 4);
+    if (rows <= maxRows && cols <= maxCols)
         return QString();
     return QStringLiteral("counts %1*%2 exceed the capacity %3*%4")
         .arg(rows)
         .arg(cols)
-        .arg(kind->maxRows)
-        .arg(kind->maxCols);
+        .arg(maxRows)
+        .arg(maxCols);
 }
 
 } // namespace tableKinds
