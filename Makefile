@@ -37,6 +37,8 @@ asan: deps
 
 # Fuzzing: clang with its libFuzzer runtime, the library built with ASan and UBSan in build-fuzz.
 FUZZ_SECONDS ?= 60
+# A fixed seed makes a short run repeat the same search; FUZZ_SEED=0 lets libFuzzer pick one.
+FUZZ_SEED ?= 1
 FUZZ_TARGETS := block selfdescribing text image
 FUZZ_PACKAGES := clang libclang-rt-14-dev qtbase5-dev cmake make
 FUZZ_BUILD := build-fuzz
@@ -68,7 +70,7 @@ fuzz: fuzz-build
 		work=$(FUZZ_BUILD)/corpus/$$t; art=$(FUZZ_BUILD)/artifacts/$$t; mkdir -p $$work $$art; \
 		echo "== fuzz_$$t for $(FUZZ_SECONDS) s"; \
 		$(FUZZ_BUILD)/fuzz/fuzz_$$t $(FUZZ_FLAGS) -max_len=$(FUZZ_LEN) \
-			-max_total_time=$(FUZZ_SECONDS) -artifact_prefix=$$art/ $$work fuzz/corpus/$$t \
+			-max_total_time=$(FUZZ_SECONDS) -seed=$(FUZZ_SEED) -artifact_prefix=$$art/ $$work fuzz/corpus/$$t \
 			> $(FUZZ_BUILD)/fuzz_$$t.log 2>&1; code=$$?; \
 		grep -E "^#[0-9]+ +DONE|stat::number_of_executed_units|stat::average_exec_per_sec" $(FUZZ_BUILD)/fuzz_$$t.log; \
 		if [ $$code != 0 ] || [ -n "$$(ls -A $$art)" ]; then \
