@@ -120,6 +120,13 @@ bool readRecord(ImportedBlock& block, const QStringList& body, int idLine, QStri
         }
         changes << QStringLiteral("%1 %2 -> %3").arg(field.name, field.value, value);
     }
+    // Summarised as the table readers' complaints are: the first five, then a count.
+    constexpr int kKept = TextReadStatus::kMaxComplaints;
+    if (block.complaints.size() > kKept) {
+        const int more = block.complaints.size() - kKept;
+        block.complaints = block.complaints.mid(0, kKept);
+        block.complaints << QStringLiteral("... and %1 more lines like this").arg(more);
+    }
     if (after == block.before) {
         block.outcome = ImportedBlock::Unchanged;
         return true;

@@ -198,3 +198,15 @@ TEST(BoundedWork, SelfDescribingPageOfAClaimedHugeTable) {
     EXPECT_LT(text.size(), 64u * static_cast<std::size_t>(image.size()));
     EXPECT_NE(text.find("USER_"), std::string::npos);
 }
+
+// A record section that lost its lines: the complaints about it are summarised too.
+TEST(BoundedWork, RecordSectionWithoutItsLinesGivesFiveComplaintsAndACount) {
+    const EepromImage image = EepromImage::fromBytes(sampleImage());
+    const ImportPlan plan = planImport(image, "ID:              IDENT_2\n");
+    ASSERT_TRUE(plan.ok) << plan.error.toStdString();
+    ASSERT_EQ(plan.blocks.size(), 1);
+    EXPECT_EQ(plan.blocks[0].outcome, ImportedBlock::Unchanged);
+    ASSERT_EQ(plan.blocks[0].complaints.size(), 6);
+    EXPECT_EQ(plan.blocks[0].complaints[0], "no ALIGNMENT: line, ALIGNMENT kept");
+    EXPECT_EQ(plan.blocks[0].complaints[5], "... and 5 more lines like this");
+}
