@@ -48,6 +48,9 @@ FUZZ_LEN = $$(case $$t in block|selfdescribing) echo 4096;; *) echo 65536;; esac
 # library's own error lines on standard error are dropped, libFuzzer's reports are not.
 FUZZ_FLAGS = -dict=fuzz/calibration.dict -rss_limit_mb=512 -timeout=1 -close_fd_mask=3 \
 	-print_final_stats=1
+# AddressSanitizer's quarantine of freed memory (256 MB by default) would count against the
+# memory limit that is meant for one input.
+export ASAN_OPTIONS ?= quarantine_size_mb=16
 
 fuzz-deps:
 	@missing=""; for p in $(FUZZ_PACKAGES); do dpkg -s $$p >/dev/null 2>&1 || missing="$$missing $$p"; done; \
