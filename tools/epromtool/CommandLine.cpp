@@ -136,6 +136,15 @@ int CommandLine::usageError(const QString& text) const {
     return ExitUsage;
 }
 
+int CommandLine::requiredId(quint16& id) const {
+    if (!isSet(QStringLiteral("id")))
+        return usageError(QStringLiteral("missing --id N"));
+    if (!parseId(value(QStringLiteral("id")), id))
+        return usageError(
+            QStringLiteral("'%1' is not a block id").arg(value(QStringLiteral("id"))));
+    return -1;
+}
+
 bool CommandLine::parseId(const QString& text, quint16& id) {
     bool ok = false;
     // Decimal unless marked as hexadecimal: a leading zero does not mean octal here.

@@ -50,6 +50,9 @@ public:
 
     // Reports a usage error in the command's name and returns its exit code.
     int usageError(const QString& text) const;
+    // The --id N that the command requires: -1 with `id` set, or the exit code of the usage
+    // error already reported.
+    int requiredId(quint16& id) const;
     // Parses a block id given in decimal or as 0x...; false when it is none.
     static bool parseId(const QString& text, quint16& id);
     // The value of --offset (0 when it is not given) in `start`; -1 to go on, else the usage

@@ -148,11 +148,9 @@ int runShow(const QStringList& arguments) {
     if (early >= 0)
         return early;
     quint16 id = 0;
-    if (!line.isSet(QStringLiteral("id")))
-        return line.usageError(QStringLiteral("missing --id N"));
-    if (!CommandLine::parseId(line.value(QStringLiteral("id")), id))
-        return line.usageError(
-            QStringLiteral("'%1' is not a block id").arg(line.value(QStringLiteral("id"))));
+    early = line.requiredId(id);
+    if (early >= 0)
+        return early;
 
     const QString path = line.argument(0);
     EepromImage image;
@@ -356,11 +354,9 @@ int runSet(const QStringList& arguments) {
     if (early >= 0)
         return early;
     quint16 id = 0;
-    if (!line.isSet(QStringLiteral("id")))
-        return line.usageError(QStringLiteral("missing --id N"));
-    if (!CommandLine::parseId(line.value(QStringLiteral("id")), id))
-        return line.usageError(
-            QStringLiteral("'%1' is not a block id").arg(line.value(QStringLiteral("id"))));
+    early = line.requiredId(id);
+    if (early >= 0)
+        return early;
     int occurrence = 1;
     if (line.isSet(QStringLiteral("index"))) {
         bool ok = false;
