@@ -444,6 +444,10 @@ TEST(BoundedPrinting, TokenFormStopsAtTheCapacity) {
     // A row count with no columns would print empty lines without end.
     data.setColCount(0);
     EXPECT_EQ(printed(data), "ID:  RFBO_ALC_DATA\nCOUNT:  4294967295*0\n\n");
+    // Rows without columns print no row lines, and that printout reads back.
+    data.setRowCount(3);
+    EXPECT_EQ(printed(data), "ID:  RFBO_ALC_DATA\nCOUNT:  3*0\n\n");
+    EXPECT_TRUE(readReported(printed(data)).ok());
 }
 
 // A stream that can not be rewound holds no section for the readers, whatever follows in it.
