@@ -19,20 +19,17 @@ TEST(HwDatablockSAttCCounter, ConstructedWithAValidChecksum) {
     EXPECT_EQ(hex(block.getByteArrayData().mid(12)), "04 03 02 01");
     EXPECT_TRUE(sumsToZero(block.getByteArrayData()));
     EXPECT_EQ(block.getCounterValue(1), 0x01020304u);
-    // Beyond the block: nothing read or written.
     const QByteArray before = block.getByteArrayData();
     block.setCounterValue(9, 2);
     block.setCounterValue(9, 0xffff);
     EXPECT_EQ(block.getByteArrayData(), before);
     EXPECT_EQ(block.getCounterValue(2), 0u);
-}
 
-TEST(HwDatablockSAttCCounter, SwapBlockTakesTheRecordUnchecked) {
+    // The swap takes the record unchecked.
     HwSDatablockSAttCCounter record{11300, 16, 0x0bad, 0, {12, 3456}};
-    HwDatablockSAttCCounter swapped(VARIANT_SATTC_OVLDCOUNTER);
-    swapped.swapBlock(&record);
-    EXPECT_EQ(swapped.getChecksum(), 0x0bad);
-    EXPECT_EQ(swapped.getCounterValue(1), 3456u);
+    block.swapBlock(&record);
+    EXPECT_EQ(block.getChecksum(), 0x0bad);
+    EXPECT_EQ(block.getCounterValue(1), 3456u);
 }
 
 TEST(HwDatablockSAttCCounter, TextFormByIdWithReplacementCharacters) {

@@ -1,5 +1,5 @@
 // The event-counter block: its magic word in the CRC-32 field and bounded counter updates.
-#include "support/Bytes.h"
+#include "support/TestImages.h"
 
 #include <HwDatablockEventCount.h>
 
@@ -10,25 +10,12 @@ using namespace Tupsim::test;
 
 namespace {
 
-// Event counter 20500: 1 row of 2 UINT32 counters.
+// Event counter 20500 of 32 bytes: CRC-32 field 0x78563412 (replaced by the magic word), update
+// index 1, 1 row of 2 UINT32 columns without identifiers, padding to 24, then counters 1 and 2.
 QByteArray counterImage() {
-    QByteArray image = bytesOf({
-        0x14,   0x50,               // block id 20500
-        0x20,   0x00,               // block size 32
-        0x00,   0x00,               // checksum, sealed below
-        0x00,   0x00,               // alignment 0: long header
-        0x12,   0x34,   0x56, 0x78, // CRC-32 field, to be replaced by the magic word
-        0x00,   0x01,               // update index
-        0x00,   0x01,               // rows
-        0x00,   0x02,               // columns
-        NONE,   NONE,               // no identifiers
-        UINT32, UINT32,             // column types
-        0x00,   0x00,               // padding to 24: the data area starts here
-        0x01,   0x00,   0x00, 0x00, // counter 0
-        0x02,   0x00,   0x00, 0x00, // counter 1
-    });
-    sealChecksum(image);
-    return image;
+    return sealed(
+        bytesOf({0x14, 0x50, 0x20, 0,      0,      0, 0, 0, 0x12, 0x34, 0x56, 0x78, 0, 1, 0, 1, 0,
+                 2,    NONE, NONE, UINT32, UINT32, 0, 0, 1, 0,    0,    0,    2,    0, 0, 0}));
 }
 
 void setImage(HwDatablockEventCount& block, const QByteArray& image) {

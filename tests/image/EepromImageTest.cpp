@@ -37,7 +37,7 @@ TEST(EepromImage, BrokenChainsNameWhatBrokeThemAndWhere) {
     EXPECT_EQ(problemLines(EepromImage()), QStringList("0: the image is empty"));
 }
 
-TEST(EepromImage, SampleChainAndSpace) {
+TEST(EepromImage, SampleChainSpaceAndTableCapacity) {
     const EepromImage image = EepromImage::fromBytes(example("sample.eeprom"));
     ASSERT_EQ(image.size(), 32768);
     EXPECT_TRUE(image.ok());
@@ -58,6 +58,14 @@ TEST(EepromImage, SampleChainAndSpace) {
     EXPECT_EQ(image.find(15731), 5);
     EXPECT_EQ(image.find(15731, 6), -1);
     EXPECT_EQ(image.find(7), -1);
+
+    // Table counts above the capacity fail the block, though its checksum is right.
+    const EepromImage tooMany = EepromImage::fromBytes(sampleWithAlcRows(5));
+    EXPECT_TRUE(tooMany.block(5).checksumOk);
+    EXPECT_EQ(tooMany.block(5).overCapacity, "counts 5*10 exceed the capacity 4*10");
+    EXPECT_FALSE(tooMany.block(5).ok());
+    EXPECT_EQ(problemLines(tooMany),
+              QStringList("164: block 15731: counts 5*10 exceed the capacity 4*10"));
 }
 
 TEST(EepromImage, ChecksumAndCrcAgreeWithIndependentSums) {
@@ -118,17 +126,6 @@ TEST(EepromImage, ChecksumAndCrcAgreeWithIndependentSums) {
     EXPECT_FALSE(image.ok());
     EXPECT_FALSE(image.chainBroken());
     EXPECT_EQ(image.endOffset(), 111);
-}
-
-TEST(EepromImage, TableCountsAboveItsCapacityFailWithARightChecksum) {
-    const EepromImage image = EepromImage::fromBytes(sampleWithAlcRows(5));
-    const ImageBlock& table = image.block(5);
-    EXPECT_TRUE(table.checksumOk);
-    EXPECT_EQ(table.overCapacity, "counts 5*10 exceed the capacity 4*10");
-    EXPECT_FALSE(table.ok());
-    EXPECT_FALSE(image.ok());
-    EXPECT_EQ(problemLines(image),
-              QStringList("164: block 15731: counts 5*10 exceed the capacity 4*10"));
 }
 
 TEST(EepromImage, ReplacingBlocksKeepsTheImageLength) {
