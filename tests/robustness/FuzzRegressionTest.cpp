@@ -27,11 +27,12 @@ TEST(ImportRefusal, MangledCountsNeverReachTheImage) {
         const ImportPlan plan = planImport(image, text);
         EepromImage result = image;
         QString why;
-        if (applyImport(result, plan, why))
+        if (applyImport(result, plan, why)) {
             EXPECT_TRUE(result.ok())
                 << line << ": " << result.problems().value(0).text.toStdString();
-        else
+        } else {
             EXPECT_FALSE(plan.ok) << line;
+        }
     }
 }
 
