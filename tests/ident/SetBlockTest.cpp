@@ -69,13 +69,13 @@ struct Kind {
     QByteArray accepted;         // the block's image after importing `good`
     std::vector<QByteArray> bad; // records refused, each with one error
     int refusal;                 // what setBlock answers to a bad record or none
-    const char* text;            // the error's text
+    std::string text;            // the error's text
     const char* printout;        // golden text of the imported block, if any
 };
 
 template <typename Block, typename Record>
 Kind kind(const char* what, std::function<Block*()> make, QByteArray good, QByteArray accepted,
-          std::vector<QByteArray> bad, const char* text = "", int refusal = 1,
+          std::vector<QByteArray> bad, const char* text = nullptr, int refusal = 1,
           const char* printout = "") {
     return {what,
             [make] { return std::unique_ptr<HwDatablock>(make()); },
@@ -87,7 +87,7 @@ Kind kind(const char* what, std::function<Block*()> make, QByteArray good, QByte
             accepted.isNull() ? good : accepted,
             bad,
             refusal,
-            text,
+            text != nullptr ? text : "   HwDatablock" + std::string(what),
             printout};
 }
 
@@ -151,7 +151,7 @@ std::vector<Kind> kinds() {
     using Vtrim = HwDatablockTemplate<MiscData<int, 10, 1>, int, double, 10, 1>;
 
     return {
-        KIND(MbrdModel, model, {}, {spoiledImage(model)}, "   HwDatablockMbrdModel"),
+        KIND(MbrdModel, model, {}, {spoiledImage(model)}),
         // alignment cleared, the record's checksum kept
         KIND(MbrdSerialNumber, serial, patched(serial, 6, {0}), {spoiledImage(serial)},
              "   HwSDatablockMbrdSerialNumber"),
@@ -162,25 +162,22 @@ std::vector<Kind> kinds() {
         kind<HwDatablockMbrdTimeMonitoringData, HwSDatablockMbrdTimeMonitoringDataEx>(
             "MbrdTimeMonitoringData", plain<HwDatablockMbrdTimeMonitoringData>(), time, {},
             {image(12004, 172, 0, timeBody)}, "   HwSDatablockMbrdTimeMonitoringData", 1040000),
-        KIND(Cwop6VcoIdent, vco, {}, {spoiledImage(vco)}, "   HwDatablockCwop6VcoIdent"),
-        KIND(ServiceData, service, patched(service, 6, {0}), {spoiledImage(service)},
-             "   HwDatablockServiceData"),
-        KIND(Statistic, statistic, patched(statistic, 6, {0}), {spoiledImage(statistic)},
-             "   HwDatablockStatistic"),
-        KIND(Ident, ident, {}, {spoiledImage(ident)}, "   HwDatablockIdent", 1,
-             "ident/ident_id10.txt"),
+        KIND(Cwop6VcoIdent, vco, {}, {spoiledImage(vco)}),
+        KIND(ServiceData, service, patched(service, 6, {0}), {spoiledImage(service)}),
+        KIND(Statistic, statistic, patched(statistic, 6, {0}), {spoiledImage(statistic)}),
+        KIND(Ident, ident, {}, {spoiledImage(ident)}, nullptr, 1, "ident/ident_id10.txt"),
         // the size is fixed, the record's checksum kept
         KIND(Ident, resized, patched(resized, 2, {44}), {}),
-        KIND(MiscIdent, miscIdent, {}, {spoiledImage(miscIdent)}, "   HwDatablockMiscIdent", 1,
+        KIND(MiscIdent, miscIdent, {}, {spoiledImage(miscIdent)}, nullptr, 1,
              "ident/miscident_opt.txt"),
         // the alignment is kept
-        KIND(Modification, modification, {}, {spoiledImage(modification)},
-             "   HwDatablockModification", 1, "ident/modification.txt"),
-        KIND(Modification110, modification110, {}, {spoiledImage(modification110)},
-             "   HwDatablockModification110", 1, "ident/modification110.txt"),
+        KIND(Modification, modification, {}, {spoiledImage(modification)}, nullptr, 1,
+             "ident/modification.txt"),
+        KIND(Modification110, modification110, {}, {spoiledImage(modification110)}, nullptr, 1,
+             "ident/modification110.txt"),
         // the size word says how much is taken; below the header it is refused
         KIND(Modification120, list + "trailing bytes", list,
-             {patched(list, 8, {9}), image(120, 6, 0, {})}, "   HwDatablockModification120"),
+             {patched(list, 8, {9}), image(120, 6, 0, {})}),
         // id and size stay as constructed, the record's checksum is kept
         kind<HwDatablockSAtt3OWLDCounter, HwSDatablockSAtt3OWLDCounter>(
             "satt3", [] { return new HwDatablockSAtt3OWLDCounter(1); }, satt3,
@@ -193,9 +190,9 @@ std::vector<Kind> kinds() {
         // as many bytes as its size word
         KIND(IpcUser10000, ipc, {}, {}, "", 1, "ident/ipc10000.txt"),
         KIND(IpcUser10000, ipcOther, ipcOther.left(12) + QByteArray(44, 0),
-             {spoiledImage(ipcOther)}, "   HwDatablockIpcUser10000"),
+             {spoiledImage(ipcOther)}),
         // no checksum at all: the data start at byte 4
-        KIND(IpcUser10040, ipc40, {}, {patched(ipc40, 2, {0x5c})}, "   HwDatablockIpcUser10040", 1,
+        KIND(IpcUser10040, ipc40, {}, {patched(ipc40, 2, {0x5c})}, nullptr, 1,
              "ident/ipc10040.txt"),
         // the record's checksum is ignored and a fresh one computed
         kind<HwDatablockSAttCCounter, HwSDatablockSAttCCounter>(
@@ -215,10 +212,8 @@ std::vector<Kind> kinds() {
         kind<Vtrim, Vtrim::HwSDatablock>(
             "misc table", [] { return new Vtrim("PYM_DCON_VTRIM_VALUE", 12310, 0, 1.0, false); },
             vtrim, {}, {spoiledImage(vtrim)}, "12310"),
-        KIND(IqOp3RfmCalibDataMisc, misc, patched(misc, 6, {0}), {patched(misc, 150, {0})},
-             "   HwDatablockIqOp3RfmCalibDataMisc"),
-        KIND(IqOp3RfmCalibDataMiscV20, v20, {}, {patched(v20, 20, {0})},
-             "   HwDatablockIqOp3RfmCalibDataMiscV20"),
+        KIND(IqOp3RfmCalibDataMisc, misc, patched(misc, 6, {0}), {patched(misc, 150, {0})}),
+        KIND(IqOp3RfmCalibDataMiscV20, v20, {}, {patched(v20, 20, {0})}),
     };
 }
 
@@ -233,8 +228,9 @@ TEST(SetBlock, EveryKindTakesAGoodRecordAndRefusesABadOneUntouched) {
         ASSERT_EQ(k.setBlock(*block, k.good.constData()), 0);
         EXPECT_EQ(hex(block->getByteArrayData()), hex(k.accepted));
         EXPECT_TRUE(services.errors.signalled.empty());
-        if (*k.printout)
+        if (*k.printout) {
             EXPECT_EQ(printed(*block), golden(k.printout));
+        }
 
         std::unique_ptr<HwDatablock> other = k.make();
         const QByteArray fresh = other->getByteArrayData();
