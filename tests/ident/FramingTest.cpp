@@ -9,7 +9,7 @@
 using namespace Tupsim;
 using namespace Tupsim::test;
 
-TEST(HwDatablockEnd, ChecksumOperationsAnswerNeutrally) {
+TEST(HwDatablockEnd, ChecksumOperationsAnswerNeutrallyAndWordSettersStore) {
     HwDatablockEnd block;
     EXPECT_EQ(hex(block.getByteArrayData()), "ff ff 00 00");
     EXPECT_EQ(block.getId(), 0xffffu);
@@ -32,10 +32,7 @@ TEST(HwDatablockEnd, ChecksumOperationsAnswerNeutrally) {
     EXPECT_TRUE(block.verifyChecksum());
     block.setEndBlockData(7);
     EXPECT_EQ(hex(block.getByteArrayData()), "ff ff");
-}
 
-TEST(HwDatablockEnd, WordSettersImportAndTextForm) {
-    HwDatablockEnd block;
     block.setEndBlockID(0x1234);
     block.setEndBlockData(0xbeef);
     EXPECT_EQ(hex(block.getByteArrayData()), "34 12 ef be");

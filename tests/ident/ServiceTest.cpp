@@ -79,7 +79,7 @@ TEST(HwDatablockStatistic, HoursAndTextForm) {
     EXPECT_EQ(printed(block), golden("ident/statistic.txt"));
 }
 
-TEST(HwDatablockCommonStatisticData, DataIsCappedAndLeavesTheChecksum) {
+TEST(HwDatablockCommonStatisticData, DataIsCappedTextAndSwapOfTheHeader) {
     HwDatablockCommonStatisticData block(VARIANT_BACKUP_OF_POWERON_COUNT);
     EXPECT_EQ(block.getStatisticId(), VARIANT_BACKUP_OF_POWERON_COUNT);
     EXPECT_EQ(block.getByteArrayData(), freshImage(11311, 524).replace(8, 2, bytesOf({0, 2})));
@@ -103,18 +103,16 @@ TEST(HwDatablockCommonStatisticData, DataIsCappedAndLeavesTheChecksum) {
     ASSERT_NE(printedBlock.getCommonStatisticData(&length), nullptr);
     EXPECT_EQ(length, 20u);
     EXPECT_EQ(printed(printedBlock), golden("ident/common_statistic.txt"));
-}
 
-TEST(HwDatablockCommonStatisticData, TextOfAnImportAndSwapCopiesOnlyTheHeader) {
     ServiceRecorders services;
     // Unchecked: wrong checksum, data beyond the length.
     auto record = recordOf<HwSDatablockCommonStatisticData>(
         bytesOf({0x30, 0x2c, 0x0c, 0x02, 0x34, 0x12, 4, 0, 3, 0, 0, 0, 9, 8, 7, 6}));
-    HwDatablockCommonStatisticData block(VARIANT_POWERON_COUNT);
-    ASSERT_EQ(block.setBlock(&record), 0);
+    HwDatablockCommonStatisticData imported(VARIANT_POWERON_COUNT);
+    ASSERT_EQ(imported.setBlock(&record), 0);
     const std::string head =
         "# Sonstige statistische Daten:\nID: \t OPERATING TIME COUNT\n1: \t9\n";
-    EXPECT_EQ(printed(block).substr(0, head.size()), head);
+    EXPECT_EQ(printed(imported).substr(0, head.size()), head);
 
     HwDatablockCommonStatisticData swapped(VARIANT_POWERON_COUNT);
     record.blockId = 11313;
