@@ -33,6 +33,7 @@ TEST(HwDatablockEnd, ChecksumOperationsAnswerNeutrallyAndWordSettersStore) {
     block.setEndBlockData(7);
     EXPECT_EQ(hex(block.getByteArrayData()), "ff ff");
 
+    load(block, bytesOf({0xff, 0xff, 0, 0}));
     block.setEndBlockID(0x1234);
     block.setEndBlockData(0xbeef);
     EXPECT_EQ(hex(block.getByteArrayData()), "34 12 ef be");
