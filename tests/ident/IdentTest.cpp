@@ -21,7 +21,7 @@ namespace {
 QByteArray filledIdentImage() {
     return sealed(bytesOf({0x02, 0x00, 0x2c, 0x00, 0x00, 0x00, 0x00, 0x00, // header
                            0x00, 0x20, 0x00, 0x00,                         // EEPROM size 8192
-                           0x4e, 0x61, 0xbc, 0x00,                         // part 12345678
+                           0x4e, 0x61, 0xbc, 0x00,                         // part number 12345678
                            0x03, 0x11, 0x69, 0x00,                         // variant, hw, 105
                            0x06, 0x12, 0x0f, 0x00,                         // serial 987654
                            0xb1, 0x58, 0x07, 0x00, 0xb3, 0x04,             // date, read, test
