@@ -1,6 +1,7 @@
-// Step-attenuator counters: layout, counter access and text forms.
-#include "support/Blocks.h"
+// Counter blocks: the step-attenuator counters and the event counter with its magic word.
+#include "support/TestImages.h"
 
+#include <HwDatablockEventCount.h>
 #include <HwDatablockSAtt3OWLDCounter.h>
 #include <HwDatablockSAtt6OWLDCounter.h>
 #include <HwDatablockSAttCCounter.h>
@@ -19,20 +20,17 @@ TEST(HwDatablockSAttCCounter, ConstructedWithAValidChecksum) {
     EXPECT_EQ(hex(block.getByteArrayData().mid(12)), "04 03 02 01");
     EXPECT_TRUE(sumsToZero(block.getByteArrayData()));
     EXPECT_EQ(block.getCounterValue(1), 0x01020304u);
-    // Beyond the block: nothing read or written.
     const QByteArray before = block.getByteArrayData();
     block.setCounterValue(9, 2);
     block.setCounterValue(9, 0xffff);
     EXPECT_EQ(block.getByteArrayData(), before);
     EXPECT_EQ(block.getCounterValue(2), 0u);
-}
 
-TEST(HwDatablockSAttCCounter, SwapBlockTakesTheRecordUnchecked) {
+    // The swap takes the record unchecked.
     HwSDatablockSAttCCounter record{11300, 16, 0x0bad, 0, {12, 3456}};
-    HwDatablockSAttCCounter swapped(VARIANT_SATTC_OVLDCOUNTER);
-    swapped.swapBlock(&record);
-    EXPECT_EQ(swapped.getChecksum(), 0x0bad);
-    EXPECT_EQ(swapped.getCounterValue(1), 3456u);
+    block.swapBlock(&record);
+    EXPECT_EQ(block.getChecksum(), 0x0bad);
+    EXPECT_EQ(block.getCounterValue(1), 3456u);
 }
 
 TEST(HwDatablockSAttCCounter, TextFormByIdWithReplacementCharacters) {
@@ -59,4 +57,61 @@ TEST(OwldCounters, InstanceIdsAndTextWithoutEmptyLine) {
     EXPECT_EQ(hex(sixth.getByteArrayData()), "c3 2b 0c 00 00 00 00 00 00 00 00 00");
     sixth.setCounterValue(4000000000u, 0);
     EXPECT_EQ(printed(sixth), golden("ident/satt6_first.txt"));
+}
+
+namespace {
+
+// Event counter 20500 of 32 bytes: CRC-32 field 0x78563412 (replaced by the magic word), update
+// index 1, 1 row of 2 UINT32 columns without identifiers, padding to 24, then counters 1 and 2.
+QByteArray counterImage() {
+    return sealed(
+        bytesOf({0x14, 0x50, 0x20, 0,      0,      0, 0, 0, 0x12, 0x34, 0x56, 0x78, 0, 1, 0, 1, 0,
+                 2,    NONE, NONE, UINT32, UINT32, 0, 0, 1, 0,    0,    0,    2,    0, 0, 0}));
+}
+
+void setImage(HwDatablockEventCount& block, const QByteArray& image) {
+    block.setData(reinterpret_cast<const unsigned char*>(image.constData()),
+                  static_cast<unsigned>(image.size()));
+}
+
+} // namespace
+
+TEST(EventCount, MagicWordTakesThePlaceOfTheCrc) {
+    HwDatablockEventCount fresh;
+    EXPECT_EQ(fresh.getDatablockClassTyp(), HwDatablockClassEventCount);
+    EXPECT_EQ(hex(fresh.getByteArrayData()), "00 00 0c 00 00 00 00 00 0c 00 2d 45");
+    EXPECT_EQ(fresh.getChecksum32(), 0x452D000Cu);
+
+    HwDatablockEventCount block;
+    setImage(block, counterImage());
+    EXPECT_EQ(hex(block.getByteArrayData().mid(8, 4)), "20 00 2d 45"); // 0x452D0000 + size 32
+    EXPECT_EQ(block.getByteArrayData().mid(12), counterImage().mid(12));
+    block.setDatablockClassTyp(HwDatablockClassNone);
+    EXPECT_TRUE(block.verifyChecksum32()); // recognised by its magic word
+    EXPECT_EQ(block.getDatablockClassTyp(), HwDatablockClassEventCount);
+
+    // A null image leaves the bytes, but the block is still marked; always true.
+    const QByteArray before = block.getByteArrayData();
+    EXPECT_TRUE(block.setData(nullptr, 8));
+    EXPECT_EQ(block.getByteArrayData(), before);
+}
+
+TEST(EventCount, UpdatesOnlyInsideTheDataArea) {
+    HwDatablockEventCount block;
+    setImage(block, counterImage());
+    EXPECT_TRUE(block.updateEventCountBlock(0, 0x7F));
+    EXPECT_TRUE(block.updateEventCountBlock(7, 0x09)); // the last data byte
+    QByteArray expected = block.getByteArrayData();
+    EXPECT_EQ(hex(expected.mid(24)), "7f 00 00 00 02 00 00 09");
+    EXPECT_TRUE(block.verifyChecksum()); // refreshed after each update
+
+    EXPECT_TRUE(block.updateEventCountBlock(8, 0xEE)); // equal to the data length
+    EXPECT_TRUE(block.updateEventCountBlock(0xFFFFFFFFu, 0xEE));
+    EXPECT_EQ(block.getByteArrayData(), expected);
+
+    // An image that ends within its header has no data area at all.
+    setImage(block, counterImage().left(20));
+    expected = block.getByteArrayData();
+    EXPECT_TRUE(block.updateEventCountBlock(0, 0xEE));
+    EXPECT_EQ(block.getByteArrayData(), expected);
 }

