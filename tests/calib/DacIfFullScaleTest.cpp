@@ -8,7 +8,7 @@
 using namespace Tupsim;
 using namespace Tupsim::test;
 
-TEST(DacIfFullScale, NewBlockAndSetter) {
+TEST(DacIfFullScale, SetterImportAndPrint) {
     ServiceRecorders services;
     HwDatablockDacIfFullScale block;
     EXPECT_EQ(hex(block.getByteArrayData()), "d4 30 0c 00 00 00 00 00 00 00 00 00");
@@ -16,26 +16,18 @@ TEST(DacIfFullScale, NewBlockAndSetter) {
     EXPECT_EQ(hex(block.getByteArrayData().mid(8)), "c0 1d fe ff");
     EXPECT_EQ(block.getFullScaleValue(), -123456);
     EXPECT_TRUE(block.verifyChecksum());
+    HwSDatablockDacIfFullScale record{12500, 12, 0, 0, 5};
+    EXPECT_EQ(block.setBlock(&record), 1);
+    expectRejected(services, 1040001, "   HwDatablockDacIfFullScale");
+    EXPECT_EQ(block.getFullScaleValue(), -123456);
+    record = sealed(HwSDatablockDacIfFullScale{12500, 12, 0, 0, -123456});
+    ASSERT_EQ(block.setBlock(&record), 0);
+    EXPECT_EQ(block.getByteArrayData(), recordBytes(record));
+    EXPECT_EQ(printed(block), golden("calib/DacIfFullScale.txt"));
 
     block.resizeData(10); // the value no longer fits
     EXPECT_EQ(block.getFullScaleValue(), 0);
     const QByteArray shortImage = block.getByteArrayData();
     block.setFullScaleValue(1);
     EXPECT_EQ(block.getByteArrayData(), shortImage);
-}
-
-TEST(DacIfFullScale, SetBlockAndPrint) {
-    ServiceRecorders services;
-    HwSDatablockDacIfFullScale record{12500, 12, 0, 0, -123456};
-    HwDatablockDacIfFullScale block;
-    EXPECT_EQ(block.setBlock(&record), 1);
-    ASSERT_EQ(services.errors.signalled.size(), 1u);
-    EXPECT_EQ(services.errors.signalled[0].first, 1040001);
-    EXPECT_EQ(services.errors.signalled[0].second, "   HwDatablockDacIfFullScale");
-    EXPECT_EQ(block.getFullScaleValue(), 0);
-
-    record = sealed(record);
-    ASSERT_EQ(block.setBlock(&record), 0);
-    EXPECT_EQ(block.getByteArrayData(), recordBytes(record));
-    EXPECT_EQ(printed(block), golden("calib/DacIfFullScale.txt"));
 }
