@@ -1,6 +1,7 @@
 // The table-based calibration catalogue: name, id, factor and size of chosen classes, the text
 // form with a factor, the headed line form of the RF board blocks and the TCXO table.
 #include "support/Blocks.h"
+#include "templates/TemplateTestSupport.h"
 
 #include <HwCalibTableBlocks.h>
 
@@ -20,25 +21,21 @@ template <typename Block> void expectFacts(const char* name, unsigned id, double
     EXPECT_EQ(block.getInstance(), 0) << name;
 }
 
-// Prints `source`, reads the text into a fresh block of the same class and returns its image.
+// The image of a fresh block of the class after reading the printout of `source`.
 template <typename Block> QByteArray readBack(Block& source) {
-    std::stringstream text(printed(source));
     Block fresh;
-    fresh.searchascii(text, fresh);
+    EXPECT_EQ(readText(fresh, printed(source)), "");
     return fresh.getByteArrayData();
 }
 
-// The complaints the headed line form reader writes for a section with `linesBetween` lines
-// between the id and the count line and one row fewer than announced.
+// The complaints of the headed line form reader for a section with `linesBetween` lines between
+// the id and the count line and one row fewer than announced.
 template <typename Block> std::string complaints(const char* key, int linesBetween) {
     std::string file = "ID:     " + std::string(key) + "\n";
     for (int i = 0; i < linesBetween; ++i)
         file += "stray\n";
-    std::stringstream in(file + "COUNT:  2 * 1\n  1:  5.0\n\n");
     Block block;
-    testing::internal::CaptureStdout();
-    block.searchascii(in, block);
-    return testing::internal::GetCapturedStdout();
+    return readText(block, file + "COUNT:  2 * 1\n  1:  5.0\n\n");
 }
 } // namespace
 
@@ -51,6 +48,7 @@ TEST(CalibCatalogue, ClassesCarryTheirNameIdFactorAndSize) {
     expectFacts<HwDatablockOroRfboDetTuneFreq>("RFBO_DET_TUNE_FREQ", 15705, 100, 528);
     expectFacts<HwDatablockOroRfboRfLevelMaxData>("RFBO_RFLEVEL_MAX_DATA", 15716, 0.01, 1040);
     expectFacts<HwDatablockOroRfboAttCalData>("RFBO_ATT_CAL_DATA", 15721, 1, 21724);
+    expectFacts<HwDatablockOroRfboAlcFreq>("RFBO_ALC_FREQ", 15730, 100, 56);
     expectFacts<HwDatablockOroRfboSHFreq>("RFBO_S_H_FREQ", 15755, 10, 616);
     expectFacts<HwDatablockKivRfboAttCalFreq>("BLOCK_KIV_RFBO_ATT_CAL_FREQ", 15760, 100, 1616);
     expectFacts<HwDatablockKivRfboTempCompFreq>("BLOCK_KIV_RFBO_TEMP_COMP_FREQ", 15770, 1, 416);
@@ -69,23 +67,11 @@ TEST(CalibCatalogue, ClassesCarryTheirNameIdFactorAndSize) {
     EXPECT_EQ(levcon.getId(), 15862u);
     EXPECT_EQ(levcon.getBlockSize(), 6416);
     EXPECT_TRUE(levcon.getStopConversionOnError());
-}
 
-TEST(CalibCatalogue, TablesPrintWithTheirFactor) {
-    HwDatablockOroRfboAlcFreq freq;
-    const unsigned points[] = {100000, 2500000, 60000000}; // 10 MHz, 250 MHz, 6 GHz in 100 Hz
-    for (unsigned r = 0; r < 3; ++r)
-        freq.setCalValue(points[r], r, 0);
-    freq.setRowCount(3);
-    freq.setColCount(1);
-    EXPECT_EQ(printed(freq), "ID:  RFBO_ALC_FREQ\nCOUNT:  3*1\n1:  10000000.000\n"
-                             "2:  250000000.000\n3:  6000000000.000\n\n");
-
-    HwDatablockOroRfboRfLevelMaxData level; // 2 x 128 of hundredths of a dB
-    const int hundredths[2][3] = {{-1234, 550, 0}, {-321, 123, 1975}};
-    for (unsigned r = 0; r < 2; ++r)
-        for (unsigned c = 0; c < 3; ++c)
-            level.setCalValue(hundredths[r][c], r, c);
+    HwDatablockOroRfboRfLevelMaxData level; // hundredths of a dB print with their factor
+    const int hundredths[] = {-1234, 550, 0, -321, 123, 1975};
+    for (unsigned i = 0; i < 6; ++i)
+        level.setCalValue(hundredths[i], i / 3, i % 3);
     level.setRowCount(2);
     level.setColCount(3);
     EXPECT_EQ(printed(level), "ID:  RFBO_RFLEVEL_MAX_DATA\nCOUNT:  2*3\n"
@@ -112,22 +98,23 @@ TEST(CalibCatalogue, HeadedLineFormOfTheRfBoardBlocks) {
     // Each class complains with its own texts and limit of lines.
     const std::string error = "ERROR: ";
     const std::string rows = error + "Number of rows read inadequate!\n";
-    const std::string registerRows =
-        error + "Row value (COUNT) don't not equal with number of rows\n";
+    const std::string toLarge = error + "Number of lines between ID: and COUNT: to large!\n";
+    const std::string tooLarge = error + "Number of lines between ID: and COUNT: too large!\n";
+    const std::string registers = error + "Number of lines between ID and Count to large\n" +
+                                  error + "Row value (COUNT) don't not equal with number of rows\n";
     EXPECT_EQ(complaints<HwDatablockKivRfboAttCalFreq>("BLOCK_KIV_RFBO_ATT_CAL_FREQ", 3),
-              error + "Number of lines between ID: and COUNT: to large!\n" + rows);
+              toLarge + rows);
     EXPECT_EQ(complaints<HwDatablockKivRfboAttCalFreq>("BLOCK_KIV_RFBO_ATT_CAL_FREQ", 2), rows);
     EXPECT_EQ(complaints<HwDatablockKivRfboTempCompFreq>("BLOCK_KIV_RFBO_TEMP_COMP_FREQ", 3),
-              error + "Number of lines between ID: and COUNT: too large!\n" + rows);
+              tooLarge + rows);
     EXPECT_EQ(complaints<HwDatablockKivRfboTempCompData>("BLOCK_KIV_RFBO_TEMP_COMP_DATA", 51),
               rows);
     EXPECT_EQ(complaints<HwDatablockKivRfboTempCompData>("BLOCK_KIV_RFBO_TEMP_COMP_DATA", 52),
-              error + "Number of lines between ID: and COUNT: too large!\n" + rows);
+              tooLarge + rows);
     EXPECT_EQ(
         complaints<HwDatablockKivRfboAttRegAttenuation>("BLOCK_KIV_RFBO_ATTREG_ATTENUATION", 6),
-        error + "Number of lines between ID and Count to large\n" + registerRows);
-    EXPECT_EQ(complaints<HwDatablockKivRfboAttRegData>("BLOCK_KIV_RFBO_ATTREG_DATA", 6),
-              error + "Number of lines between ID and Count to large\n" + registerRows);
+        registers);
+    EXPECT_EQ(complaints<HwDatablockKivRfboAttRegData>("BLOCK_KIV_RFBO_ATTREG_DATA", 6), registers);
 }
 
 TEST(CalibCatalogue, RfBoardBlocksReadTheirHeadedSectionsBackWithReadSection) {
@@ -138,16 +125,13 @@ TEST(CalibCatalogue, RfBoardBlocksReadTheirHeadedSectionsBackWithReadSection) {
     registers.setRowCount(1);
     registers.setColCount(2);
     EXPECT_EQ(printed(registers), "ID:  KIV_RFBO_ATTREG_DATA\nCOUNT:  1*2\n1: \t0.000\t31.000\n\n");
-    std::stringstream headed;
+    std::ostringstream headed;
     registers.conv2ascii(headed, registers);
     EXPECT_NE(headed.str().find("ID:     BLOCK_KIV_RFBO_ATTREG_DATA\n"), std::string::npos);
     HwDatablockKivRfboAttRegData back;
-    testing::internal::CaptureStdout();
-    TextReadStatus status = back.readSection(headed, back);
-    EXPECT_TRUE(status.ok()) << status.message();
+    EXPECT_EQ(readSection(back, headed.str()).message(), "ok");
     EXPECT_EQ(back.getByteArrayData(), registers.getByteArrayData());
-    std::istringstream plain(printed(registers));
-    status = back.readSection(plain, back);
+    const TextReadStatus status = readSection(back, printed(registers));
     EXPECT_EQ(status.code, TextReadStatus::MissingKey);
     EXPECT_EQ(status.key, "BLOCK_KIV_RFBO_ATTREG_DATA");
     EXPECT_EQ(status.line, 4);
@@ -158,12 +142,9 @@ TEST(CalibCatalogue, RfBoardBlocksReadTheirHeadedSectionsBackWithReadSection) {
     std::string file = "ID:     BLOCK_KIV_RFBO_TEMP_COMP_DATA\n";
     for (int i = 0; i < 52; ++i)
         file += "stray\n";
-    std::istringstream in(file + "COUNT:  1 * 51\n");
-    status = data.readSection(in, data);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
-    EXPECT_EQ(status.message(), "line 54: column count 51 above the capacity 50; line 53: ERROR: "
-                                "Number of lines between ID: and COUNT: too large!; line 54: "
-                                "ERROR: Number of rows read inadequate!");
+    EXPECT_EQ(readSection(data, file + "COUNT:  1 * 51\n").message(),
+              "line 54: column count 51 above the capacity 50; line 53: ERROR: Number of lines "
+              "between ID: and COUNT: too large!; line 54: ERROR: Number of rows read inadequate!");
     EXPECT_EQ(data.getByteArrayData(), before);
 }
 

@@ -14,27 +14,13 @@ namespace {
 
 using Misc = HwDatablockIqOp3RfmCalibDataMisc;
 
-HwSDatablockIqOp3RfmCalibDataMisc sampleRecord() {
-    HwSDatablockIqOp3RfmCalibDataMisc record{};
-    record.blockId = 10301;
-    record.blockSize = 168;
-    record.toleranceLevPre = 640;
-    record.toleranceLevAtt_15 = 200;
-    record.toleranceLevAtt_30_45 = 64;
-    record.toleranceDetAtt = 383;
-    record.detFullScale = 2.5f;
-    record.countBz = 13;
-    const float pmax[] = {1280.0f, 1280.9f, -640.0f};
-    const float uiq[] = {0.5f, 1.23456789f, 1e8f};
-    std::copy(pmax, pmax + 3, record.pmaxBz);
-    std::copy(uiq, uiq + 3, record.uiqBz);
-    record.lconReserveBz[0] = 640;
-    record.lconReserveBz[1] = 127;
-    record.lconReserveBz[11] = 65535;
-    record.detReserveBz[0] = 3;
-    record.detReserveBz[11] = 65535;
-    return sealed(record);
-}
+// The record the golden printout shows: tolerances, full scale, state count, then the arrays
+// of PMAX, UIQ, LCON and DET reserve values.
+const HwSDatablockIqOp3RfmCalibDataMisc kSample = sealed(HwSDatablockIqOp3RfmCalibDataMisc{
+    10301, 168, 0, 0, 640, 200, 64, 383,  2.5f,        13,   1280.0f, 1280.9f, -640.0f, 0, 0,
+    0,     0,   0, 0, 0,   0,   0,  0.5f, 1.23456789f, 1e8f, 0,       0,       0,       0, 0,
+    0,     0,   0, 0, 640, 127, 0,  0,    0,           0,    0,       0,       0,       0, 0,
+    65535, 3,   0, 0, 0,   0,   0,  0,    0,           0,    0,       0,       65535});
 
 QByteArray floatBytes(float value) {
     QByteArray out(4, '\0');
@@ -117,12 +103,11 @@ TEST(IqOp3RfmCalibDataMisc, GettersOfAShortImageAndPmaxCutTo16Bits) {
 
 TEST(IqOp3RfmCalibDataMisc, SetBlockReplacesAShortOrLongImageAndPrints) {
     ServiceRecorders services;
-    const HwSDatablockIqOp3RfmCalibDataMisc record = sampleRecord();
     for (int length : {8, 300}) {
         Misc block;
         block.resizeData(static_cast<unsigned>(length));
-        ASSERT_EQ(block.setBlock(&record), 0);
-        EXPECT_EQ(block.getByteArrayData(), recordBytes(record)) << length;
+        ASSERT_EQ(block.setBlock(&kSample), 0);
+        EXPECT_EQ(block.getByteArrayData(), recordBytes(kSample)) << length;
         EXPECT_TRUE(block.verifyChecksum());
         EXPECT_EQ(printed(block), golden("calib/IqOp3RfmCalibDataMisc.txt"));
     }
@@ -137,41 +122,25 @@ TEST(IqOp3RfmCalibDataMisc, SetBlockReplacesAShortOrLongImageAndPrints) {
 
 namespace {
 using V20 = HwDatablockIqOp3RfmCalibDataMiscV20;
-#define FIELD(name)                                                                                \
-    { &V20::set##name, &V20::get##name }
+// clang-format off
+#define FIELD(name) {&V20::set##name, &V20::get##name}
 // In the order of the image: floats from byte 8, then 16-bit values from byte 108.
 const struct {
     void (V20::*set)(float);
     float (V20::*get)() const;
-} kFloats[] = {FIELD(LmaxLow),
-               FIELD(LmaxMed),
-               FIELD(LmaxHigh),
-               FIELD(LmaxOvr),
-               FIELD(LcalSensLow),
-               FIELD(LcalSensMed),
-               FIELD(LcalSensHigh),
-               FIELD(LcalSensOvr),
-               FIELD(VcalSensLow),
-               FIELD(VcalSensMed),
-               FIELD(VcalSensHigh),
-               FIELD(VcalSensOvr),
-               FIELD(LrangeCwNorm),
-               FIELD(LrangeCwOvr),
-               FIELD(LrangeIqNorm),
-               FIELD(LrangeIqOvr),
-               FIELD(Uiq),
-               FIELD(LconReserveCwNorm),
-               FIELD(LconReserveCwOvr),
-               FIELD(LconReserveIqNorm),
-               FIELD(LconReserveIqOvr),
-               FIELD(LpreCalLevCwNorm),
-               FIELD(LpreCalLevCwOvr),
-               FIELD(LpreCalLevIqNorm),
-               FIELD(LpreCalLevIqOvr)};
+} kFloats[] = {
+    FIELD(LmaxLow), FIELD(LmaxMed), FIELD(LmaxHigh), FIELD(LmaxOvr), FIELD(LcalSensLow),
+    FIELD(LcalSensMed), FIELD(LcalSensHigh), FIELD(LcalSensOvr), FIELD(VcalSensLow),
+    FIELD(VcalSensMed), FIELD(VcalSensHigh), FIELD(VcalSensOvr), FIELD(LrangeCwNorm),
+    FIELD(LrangeCwOvr), FIELD(LrangeIqNorm), FIELD(LrangeIqOvr), FIELD(Uiq),
+    FIELD(LconReserveCwNorm), FIELD(LconReserveCwOvr), FIELD(LconReserveIqNorm),
+    FIELD(LconReserveIqOvr), FIELD(LpreCalLevCwNorm), FIELD(LpreCalLevCwOvr),
+    FIELD(LpreCalLevIqNorm), FIELD(LpreCalLevIqOvr)};
 const struct {
     void (V20::*set)(short);
     short (V20::*get)() const;
 } kShorts[] = {FIELD(DetattLow), FIELD(DetattMed), FIELD(DetattHigh), FIELD(DetattOvr)};
+// clang-format on
 #undef FIELD
 } // namespace
 

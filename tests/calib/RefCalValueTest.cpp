@@ -17,33 +17,26 @@ using namespace Tupsim::test;
 
 namespace {
 
+using Base = HwDatablockRefCalValue;
+
 // Each class under its own accessor names, reached through one interface for the table.
 struct RefCase {
     const char* name;
     unsigned short id;
     const char* failText;
-    std::function<std::unique_ptr<HwDatablockRefCalValue>()> make;
-    std::function<int(HwDatablockRefCalValue&, int, unsigned char)> set;
-    std::function<int(HwDatablockRefCalValue&, unsigned char)> get;
+    std::function<std::unique_ptr<Base>()> make;
+    std::function<int(Base&, int, unsigned char)> set;
+    std::function<int(Base&, unsigned char)> get;
 };
 
-template <typename T>
-RefCase refCase(const char* name, unsigned short id, const char* failText,
-                int (T::*set)(int, unsigned char), int (T::*get)(unsigned char) const) {
-    return {
-        name,
-        id,
-        failText,
-        [] { return std::unique_ptr<HwDatablockRefCalValue>(new T); },
-        [set](HwDatablockRefCalValue& b, int v, unsigned char i) {
-            return (static_cast<T&>(b).*set)(v, i);
-        },
-        [get](HwDatablockRefCalValue& b, unsigned char i) { return (static_cast<T&>(b).*get)(i); }};
-}
-
+// clang-format off
 #define REF_CASE(Class, id, failText, accessor)                                                    \
-    refCase<HwDatablock##Class>(#Class, id, failText, &HwDatablock##Class::set##accessor,          \
-                                &HwDatablock##Class::get##accessor)
+    RefCase{#Class, id, failText, [] { return std::unique_ptr<Base>(new HwDatablock##Class); },    \
+            [](Base& b, int v, unsigned char i) {                                                  \
+                return static_cast<HwDatablock##Class&>(b).set##accessor(v, i); },                 \
+            [](Base& b, unsigned char i) {                                                         \
+                return static_cast<HwDatablock##Class&>(b).get##accessor(i); }}
+// clang-format on
 
 std::vector<RefCase> allCases() {
     const char* const ocxo = "store new ocxo- value failed";
@@ -64,59 +57,50 @@ HwSDatablockRefCalValue sealedRecord(unsigned short id, unsigned int count, int 
 
 } // namespace
 
-TEST(RefCalValue, NewBlockAndSetterThatStoresIndexZeroOnly) {
-    ServiceRecorders services;
+TEST(RefCalValue, EachClassStoresIndexZeroOnlyAndChecksWhatItImports) {
     EXPECT_EQ(hex(HwDatablockSsynOcxoRefCalValue().getByteArrayData()),
               "10 27 10 00 00 00 00 00 00 00 00 00 00 00 00 00");
     for (const RefCase& c : allCases()) {
-        auto block = c.make();
-        EXPECT_EQ(hex(block->getByteArrayData()), hex(freshImage(c.id, 16))) << c.name;
-        EXPECT_EQ(c.set(*block, -70000, 0), 0) << c.name;
-        const QByteArray image = block->getByteArrayData();
-        EXPECT_EQ(hex(image.mid(12)), "90 ee fe ff") << c.name;
-        EXPECT_TRUE(block->verifyChecksum()) << c.name;
-        EXPECT_EQ(c.get(*block, 0), -70000) << c.name;
-        // Any other index is accepted and ignored, and reads as 0.
-        EXPECT_EQ(c.set(*block, 1234, 1), 0) << c.name;
-        EXPECT_EQ(c.set(*block, 1234, 255), 0) << c.name;
-        EXPECT_EQ(block->getByteArrayData(), image) << c.name;
-        EXPECT_EQ(c.get(*block, 1), 0) << c.name;
-    }
-    EXPECT_TRUE(services.errors.signalled.empty());
-}
-
-TEST(RefCalValue, StoreThatDoesNotReadBackIsReported) {
-    for (const RefCase& c : allCases()) {
+        SCOPED_TRACE(c.name);
         ServiceRecorders services;
         auto block = c.make();
-        // A header-only image (as the directory keeps its prototypes) has no value field.
+        EXPECT_EQ(hex(block->getByteArrayData()), hex(freshImage(c.id, 16)));
+        EXPECT_EQ(c.set(*block, -70000, 0), 0);
+        const QByteArray image = block->getByteArrayData();
+        EXPECT_EQ(hex(image.mid(12)), "90 ee fe ff");
+        EXPECT_TRUE(block->verifyChecksum());
+        EXPECT_EQ(c.get(*block, 0), -70000);
+        // Any other index is accepted and ignored, and reads as 0.
+        EXPECT_EQ(c.set(*block, 1234, 1), 0);
+        EXPECT_EQ(c.set(*block, 1234, 255), 0);
+        EXPECT_EQ(block->getByteArrayData(), image);
+        EXPECT_EQ(c.get(*block, 1), 0);
+        EXPECT_TRUE(services.errors.signalled.empty());
+
+        // A wrong record is refused with the class's name, a sealed one taken.
+        HwSDatablockRefCalValue record = sealedRecord(c.id, 0x01020304, -2);
+        record.alignment = 8;
+        EXPECT_EQ(block->setBlock(&record), 1);
+        expectRejected(services, 1040001, std::string("   HwDatablock") + c.name);
+        EXPECT_EQ(block->getByteArrayData(), image);
+        record = sealedRecord(c.id, 0x01020304, -2);
+        EXPECT_EQ(block->setBlock(&record), 0);
+        EXPECT_EQ(block->getByteArrayData(), recordBytes(record));
+        EXPECT_EQ(c.get(*block, 0), -2);
+        // The text form holds the low byte of the count and the signed value.
+        record = sealedRecord(c.id, 257, -70000);
+        ASSERT_EQ(block->setBlock(&record), 0);
+        EXPECT_EQ(printed(*block), golden("calib/" + std::string(c.name) + ".txt"));
+
+        // A header-only image (as the directory keeps its prototypes) has no value field: the
+        // store does not read back and is reported.
+        services.errors.signalled.clear();
         QByteArray header = freshImage(c.id, 8);
         sealChecksum(header);
         block->setData(header);
-        EXPECT_EQ(c.set(*block, 5, 0), -1) << c.name;
+        EXPECT_EQ(c.set(*block, 5, 0), -1);
         expectRejected(services, 1040002, c.failText);
-        EXPECT_EQ(block->getByteArrayData(), header) << c.name;
-    }
-}
-
-TEST(RefCalValue, SetBlockVerifiesTheRecordAndNamesTheClassAndPrints) {
-    for (const RefCase& c : allCases()) {
-        ServiceRecorders services;
-        auto block = c.make();
-        HwSDatablockRefCalValue record = sealedRecord(c.id, 0x01020304, -2);
-        record.alignment = 8; // unsealed: the record is now wrong
-        EXPECT_EQ(block->setBlock(&record), 1) << c.name;
-        expectRejected(services, 1040001, std::string("   HwDatablock") + c.name);
-        EXPECT_EQ(block->getByteArrayData(), freshImage(c.id, 16)) << c.name;
-
-        record = sealedRecord(c.id, 0x01020304, -2);
-        EXPECT_EQ(block->setBlock(&record), 0) << c.name;
-        EXPECT_EQ(block->getByteArrayData(), recordBytes(record)) << c.name;
-        EXPECT_EQ(c.get(*block, 0), -2) << c.name;
-        // The text form holds the low byte of the count and the signed value.
-        record = sealedRecord(c.id, 257, -70000);
-        ASSERT_EQ(block->setBlock(&record), 0) << c.name;
-        EXPECT_EQ(printed(*block), golden("calib/" + std::string(c.name) + ".txt")) << c.name;
+        EXPECT_EQ(block->getByteArrayData(), header);
     }
 }
 
