@@ -1,9 +1,16 @@
-// The table-based calibration catalogue: name, id, factor and size of chosen classes, the text
-// form with a factor, the headed line form of the RF board blocks and the TCXO table.
+// The calibration catalogue: name, id, factor and size of chosen table classes, the text form
+// with a factor, the headed line form of the RF board blocks, the TCXO table, and every block
+// kept as an opaque image.
 #include "support/Blocks.h"
 #include "templates/TemplateTestSupport.h"
 
 #include <HwCalibTableBlocks.h>
+#include <HwDatablockMbrdExtLevCalDataFreq_Enh.h> // each opaque class has a header of its own
+#include <HwOpaqueCalibBlocks.h>
+
+#include <QFileInfo>
+#include <functional>
+#include <memory>
 
 #include <gtest/gtest.h>
 #include <sstream>
@@ -37,6 +44,18 @@ template <typename Block> std::string complaints(const char* key, int linesBetwe
     Block block;
     return readText(block, file + "COUNT:  2 * 1\n  1:  5.0\n\n");
 }
+struct OpaqueRow {
+    const char* name;
+    unsigned id;
+    std::function<std::unique_ptr<HwDatablock>()> make;
+};
+
+const OpaqueRow kRows[] = {
+#define EPROM_OPAQUE_BLOCK(ClassName, firstId)                                                     \
+    {#ClassName, firstId, [] { return std::unique_ptr<HwDatablock>(new ClassName); }},
+#include <HwOpaqueCalibBlocks.def>
+#undef EPROM_OPAQUE_BLOCK
+};
 } // namespace
 
 // One class of each template kind and the unusual factors and names; sizes worked out by hand
@@ -163,4 +182,36 @@ TEST(CalibCatalogue, TcxoTableClampsCountsAndChecksItsValues) {
     EXPECT_EQ(tcxo.setTcxoValue(1, -1), -1);
     EXPECT_EQ(tcxo.getByteArrayData(), before);
     EXPECT_TRUE(services.errors.signalled.empty());
+}
+
+// Their first ids are checked against the directory's own registrations in its suite.
+TEST(OpaqueCalibBlocks, NewBlockIsAValidHeaderAndGivenImagesAreKeptAndDumped) {
+    ServiceRecorders services;
+    ASSERT_EQ(sizeof kRows / sizeof kRows[0], 78u);
+    for (const OpaqueRow& row : kRows) {
+        EXPECT_TRUE(QFileInfo(QString(EPROM_SOURCE_DIR "/include/%1.h").arg(row.name)).isFile())
+            << row.name;
+        auto block = row.make();
+        QByteArray image = freshImage(static_cast<unsigned short>(row.id), 8);
+        sealChecksum(image);
+        EXPECT_EQ(hex(block->getByteArrayData()), hex(image)) << row.name;
+        EXPECT_FALSE(block->getStopConversionOnError());
+
+        // 70 bytes: the dump breaks after 61 of them.
+        image = freshImage(static_cast<unsigned short>(row.id), 70);
+        for (int i = 8; i < image.size(); ++i)
+            image[i] = static_cast<char>(i * 7);
+        sealChecksum(image);
+        EXPECT_TRUE(block->setData(image)) << row.name;
+        EXPECT_EQ(block->getByteArrayData(), image) << row.name;
+        EXPECT_EQ(printed(*block),
+                  "\n" + image.left(61).toStdString() + "\n" + image.mid(61).toStdString() + "\n")
+            << row.name;
+        image[20] = static_cast<char>(image[20] + 1); // checksum now wrong: kept all the same
+        EXPECT_FALSE(block->setData(image)) << row.name;
+        EXPECT_EQ(block->getByteArrayData(), image) << row.name;
+    }
+    HwDatablockWEXDelay stopping(true);
+    EXPECT_TRUE(stopping.getStopConversionOnError());
+    EXPECT_EQ(hex(HwDatablockIqOp3RfmCalibData().getByteArrayData()), "3f 28 08 00 b9 d7 00 00");
 }

@@ -18,8 +18,10 @@ using namespace Tupsim;
 using namespace Tupsim::test;
 
 namespace {
-using AlcFreq = HwDatablockBaseTemplate<unsigned int, double, 10, 1>;
-using AlcData = HwDatablockBaseTemplate<int, int, 4, 10>;
+template <class Raw, class Value, int Rows, int Cols>
+using Base = HwDatablockBaseTemplate<Raw, Value, Rows, Cols>;
+using AlcFreq = Base<unsigned int, double, 10, 1>;
+using AlcData = Base<int, int, 4, 10>;
 using Extended = HwDatablockBaseTemplateExtended<int, int, 10, 4, 350>;
 using WexW = HwDatablockBaseTemplateWexW<float, double, 50, 7>;
 using Misc = HwDatablockTemplate<MiscData<int, 10, 1>, int, double, 10, 1>;
@@ -134,24 +136,17 @@ TEST(TokenFormOutput, StopsAtTheCapacity) {
 }
 
 TEST(TokenFormRead, RoundTripsForEveryValueType) {
-    expectRoundTrip<HwDatablockBaseTemplate<char, double, 12, 1>>("VECTOR_LEVCON_TEMP", 15850, 1, 3,
-                                                                  1, {-128, 127, 5});
-    expectRoundTrip<HwDatablockBaseTemplate<short, short, 6, 1>>("STEREOCODER_CO", 15690, 1, 6, 1,
-                                                                 {-32768, 32767, 0, 1, -1, 2});
-    expectRoundTrip<HwDatablockBaseTemplate<unsigned short, double, 64, 50>>(
-        "LEVCON", 15853, 1, 2, 3, {65535, 0, 1, 2, 3, 4});
-    expectRoundTrip<HwDatablockBaseTemplate<int, int, 5, 350>>(
-        "RFBO_EXT_CAL_DATA", 15726, 1, 2, 3, {-2147483647, 2147483647, 0, 9, -9, 100});
-    expectRoundTrip<HwDatablockBaseTemplate<int, double, 2, 128>>("RFBO_RFLEVEL_MAX_DATA", 15716,
-                                                                  0.01, 2, 2, {-1234, 1234, 99, 5});
-    expectRoundTrip<HwDatablockBaseTemplate<unsigned int, unsigned int, 50, 4>>(
-        "KIV_RFBO_ATTREG_DATA", 15799, 1, 1, 4, {4000000000.0, 1, 2, 3});
-    expectRoundTrip<HwDatablockBaseTemplate<unsigned int, double, 750, 1>>(
-        "RFBO_EXT_CAL_USER_FREQ", 16000, 100, 2, 1, {4000000000.0, 1});
-    expectRoundTrip<HwDatablockBaseTemplate<float, float, 50, 4>>(
-        "KIV_RFBO_ATTREG_ATTENUATION", 15798, 1, 2, 2, {1.5, -0.25, 1000.125, 0});
-    expectRoundTrip<HwDatablockBaseTemplate<double, double, 200, 1>>("BLOCK_KIV_RFBO_ATT_CAL_FREQ",
-                                                                     15760, 1, 2, 1, {0.125, -1e6});
+    expectRoundTrip<Base<char, double, 12, 1>>("CHARS", 15850, 1, 3, 1, {-128, 127, 5});
+    expectRoundTrip<Base<short, short, 6, 1>>("SHORTS", 15690, 1, 6, 1, {-32768, 32767, 0, -1});
+    expectRoundTrip<Base<unsigned short, double, 64, 50>>("LEVCON", 15853, 1, 2, 3,
+                                                          {65535, 0, 1, 2, 3, 4});
+    expectRoundTrip<Base<int, int, 5, 350>>("INTS", 15726, 1, 2, 2,
+                                            {-2147483647, 2147483647, -9, 100});
+    expectRoundTrip<Base<int, double, 2, 128>>("LEVEL", 15716, 0.01, 2, 2, {-1234, 1234, 99, 5});
+    expectRoundTrip<Base<unsigned, unsigned, 50, 4>>("WORDS", 15799, 1, 1, 2, {4000000000.0, 1});
+    expectRoundTrip<Base<unsigned, double, 750, 1>>("FREQ", 16000, 100, 2, 1, {4000000000.0, 1});
+    expectRoundTrip<Base<float, float, 50, 4>>("FLOATS", 15798, 1, 2, 2, {1.5, -0.25, 1000.125, 0});
+    expectRoundTrip<Base<double, double, 200, 1>>("DOUBLES", 15760, 1, 2, 1, {0.125, -1e6});
     expectRoundTrip<WexW>("IQ_IMBALANCE", 15606, 1, 2, 7,
                           {0.5, -1.25, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 0.0625});
     expectRoundTrip<Misc>("PYM_DCON_VTRIM_VALUE", 12310, 0.25, 3, 1, {6, -1, 2147483647});
