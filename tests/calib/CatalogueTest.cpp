@@ -1,6 +1,5 @@
-// The calibration catalogue: name, id, factor and size of chosen table classes, the text form
-// with a factor, the headed line form of the RF board blocks, the TCXO table, and every block
-// kept as an opaque image.
+// The calibration catalogue: facts of chosen table classes, the headed line form of the RF board
+// blocks, the TCXO table, and every block kept as an opaque image.
 #include "support/Blocks.h"
 #include "templates/TemplateTestSupport.h"
 
@@ -35,8 +34,7 @@ template <typename Block> QByteArray readBack(Block& source) {
     return fresh.getByteArrayData();
 }
 
-// The complaints of the headed line form reader for a section with `linesBetween` lines between
-// the id and the count line and one row fewer than announced.
+// The headed reader's complaints about `linesBetween` lines before the count and a missing row.
 template <typename Block> std::string complaints(const char* key, int linesBetween) {
     std::string file = "ID:     " + std::string(key) + "\n";
     for (int i = 0; i < linesBetween; ++i)
@@ -58,20 +56,15 @@ const OpaqueRow kRows[] = {
 };
 } // namespace
 
-// One class of each template kind and the unusual factors and names; sizes worked out by hand
-// from each layout.
+// One class of each template kind and the unusual factors; sizes worked out from each layout.
 TEST(CalibCatalogue, ClassesCarryTheirNameIdFactorAndSize) {
     expectFacts<HwDatablockSAttCTempFreq>("SATT_TEMP_FREQ", 11305, 100, 216);
     expectFacts<HwDatablockMbrdExtCalUserDataA>("EXT_CAL_USER_DATA_A", 14805, 1, 15776);
     expectFacts<HwDatablockStereocoderCo>("STEREOCODER_CO", 15690, 1, 28);
-    expectFacts<HwDatablockOroRfboDetTuneFreq>("RFBO_DET_TUNE_FREQ", 15705, 100, 528);
     expectFacts<HwDatablockOroRfboRfLevelMaxData>("RFBO_RFLEVEL_MAX_DATA", 15716, 0.01, 1040);
     expectFacts<HwDatablockOroRfboAttCalData>("RFBO_ATT_CAL_DATA", 15721, 1, 21724);
-    expectFacts<HwDatablockOroRfboAlcFreq>("RFBO_ALC_FREQ", 15730, 100, 56);
     expectFacts<HwDatablockOroRfboSHFreq>("RFBO_S_H_FREQ", 15755, 10, 616);
     expectFacts<HwDatablockKivRfboAttCalFreq>("BLOCK_KIV_RFBO_ATT_CAL_FREQ", 15760, 100, 1616);
-    expectFacts<HwDatablockKivRfboTempCompFreq>("BLOCK_KIV_RFBO_TEMP_COMP_FREQ", 15770, 1, 416);
-    expectFacts<HwDatablockTeshVectorAlcData>("VECTOR_ALC_DATA", 15811, 100, 528);
     expectFacts<HwDatablockTeshRfboAttCalVecFreq>("RFBO_ATT_CAL_VEC_FREQ", 15842, 1, 96);
     expectFacts<HwDatablockTeshRfboExtCalVecUserData>("RFBO_EXT_CAL_VEC_USER_DATA", 16003, 1, 5776);
 

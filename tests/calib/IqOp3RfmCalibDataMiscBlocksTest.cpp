@@ -14,8 +14,7 @@ namespace {
 
 using Misc = HwDatablockIqOp3RfmCalibDataMisc;
 
-// The record the golden printout shows: tolerances, full scale, state count, then the arrays
-// of PMAX, UIQ, LCON and DET reserve values.
+// The record of the golden printout: tolerances, full scale, state count, PMAX, UIQ, LCON, DET.
 const HwSDatablockIqOp3RfmCalibDataMisc kSample = sealed(HwSDatablockIqOp3RfmCalibDataMisc{
     10301, 168, 0, 0, 640, 200, 64, 383,  2.5f,        13,   1280.0f, 1280.9f, -640.0f, 0, 0,
     0,     0,   0, 0, 0,   0,   0,  0.5f, 1.23456789f, 1e8f, 0,       0,       0,       0, 0,
@@ -28,7 +27,7 @@ QByteArray floatBytes(float value) {
     return out;
 }
 
-// The first and the last element of each array.
+// The scalar fields and the last element of each array.
 const struct {
     const char* what;
     std::function<void(Misc&)> set;
@@ -41,13 +40,9 @@ const struct {
     {"det att", [](Misc& b) { b.setToleranceDetAtt(0x0708); }, 14, bytesOf({8, 7})},
     {"full scale", [](Misc& b) { b.setDetFullScale(-1.5f); }, 16, floatBytes(-1.5f)},
     {"states", [](Misc& b) { b.setNumberOfOperatingStates(8); }, 20, bytesOf({8, 0, 0, 0})},
-    {"pmax 0", [](Misc& b) { b.setPmaxBz(1280, 0); }, 24, floatBytes(1280.0f)},
     {"pmax 11", [](Misc& b) { b.setPmaxBz(7, 11); }, 68, floatBytes(7.0f)},
-    {"uiq 0", [](Misc& b) { b.setUiqBz(0.5f, 0); }, 72, floatBytes(0.5f)},
     {"uiq 11", [](Misc& b) { b.setUiqBz(0.25f, 11); }, 116, floatBytes(0.25f)},
-    {"lcon 0", [](Misc& b) { b.setLconReserveBz(0xA1A2, 0); }, 120, bytesOf({0xA2, 0xA1})},
     {"lcon 11", [](Misc& b) { b.setLconReserveBz(0xA3A4, 11); }, 142, bytesOf({0xA4, 0xA3})},
-    {"det 0", [](Misc& b) { b.setDetReserveBz(0xB1B2, 0); }, 144, bytesOf({0xB2, 0xB1})},
     {"det 11", [](Misc& b) { b.setDetReserveBz(0xB3B4, 11); }, 166, bytesOf({0xB4, 0xB3})}};
 
 } // namespace

@@ -94,8 +94,7 @@ TEST(RefCalValue, EachClassStoresIndexZeroOnlyAndChecksWhatItImports) {
         ASSERT_EQ(block->setBlock(&record), 0);
         EXPECT_EQ(printed(*block), golden("calib/" + std::string(c.name) + ".txt"));
 
-        // A header-only image (as the directory keeps its prototypes) has no value field: the
-        // store does not read back and is reported.
+        // A header-only image (a directory prototype): the store does not read back.
         services.errors.signalled.clear();
         QByteArray header = freshImage(c.id, 8);
         sealChecksum(header);

@@ -96,8 +96,7 @@ TEST(LineFormRead, RowsTakeTheirIndexAndValuesAsWritten) {
     EXPECT_EQ(block.getIndex(0), 3);
     EXPECT_EQ(hex(block.getByteArrayData().mid(8, 20)),
               "01 00 00 00 03 00 00 00 0a 00 00 00 14 00 00 00 00 00 00 00");
-    // Three decimals of zeros belong to an integer; "5.5" ends the row after the 5. A line
-    // without ":" ends the rows.
+    // "7.000" is an integer, "5.5" ends the row after the 5, a line without ':' ends the rows.
     EXPECT_EQ(readText(block, kId + "COUNT: 2*2\n-1: 7.000 8.000\n2: 5.5 9\nend\n3: 1 1\n"),
               badRow(2) + "\n");
     EXPECT_EQ(block.getIndex(0), -1);
@@ -244,8 +243,7 @@ TEST(LineFormReadSection, RefusesWhatSearchasciiLoadsAnyway) {
     EXPECT_EQ(block.getColCount(), 20u);
 }
 
-// Corrupt counts print the count line as stored and then only the rows the image holds; the
-// readers refuse the text by its count line.
+// Corrupt counts print as stored, then only the rows the image holds; readSection refuses them.
 TEST(BoundedPrinting, LineFormsStopAtTheCapacity) {
     ServiceRecorders services;
     AttCalVec block = attCalVec();

@@ -1,6 +1,5 @@
-// The table templates: the layout of each kind, scaling per value type, capacity bounds, the
-// relation operators of the search, the two remove operations, and loading images with setBlock,
-// swapBlock and readbin.
+// The table templates: layout, scaling, capacity bounds, search, the remove operations, and
+// loading images with setBlock, swapBlock and readbin.
 #include "TemplateTestSupport.h"
 
 #include <HwDatablockBaseTemplate.h>
@@ -61,7 +60,6 @@ QByteArray alcImage(unsigned id = 15731) {
     return image;
 }
 
-// A frequency vector image of `rows` rows with `value` at `offset`, sealed.
 QByteArray freqImage(int size, unsigned rows, int offset, unsigned value) {
     QByteArray image = tableImage(size, 15730, rows, 1);
     putAt<unsigned>(image, offset, value);
@@ -69,7 +67,7 @@ QByteArray freqImage(int size, unsigned rows, int offset, unsigned value) {
     return image;
 }
 
-// A binary stream of `bytes` read by readbin past the id word, as the caller has read it.
+// readbin past the id word of `bytes`, as the caller reads it.
 void readFrom(std::istringstream& in, const QByteArray& bytes, AlcFreq& block) {
     in.str(bytes.toStdString());
     in.clear();

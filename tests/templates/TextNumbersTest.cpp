@@ -1,6 +1,5 @@
-// The number texts of the table forms against the C library and the standard streams: fixed
-// notation against snprintf, the reading cursor against istringstream, over edge values and
-// many random ones.
+// The number texts of the table forms, fixed notation against snprintf and the reading cursor
+// against istringstream, over edge values and many random ones.
 #include "templates/TextCursor.h"
 #include "templates/TextFormat.h"
 
@@ -120,8 +119,7 @@ template <typename T, typename Stream> std::string after(Stream& in, T& value) {
     return state.str();
 }
 
-// Reads `text` as a sequence of T with both readers, also peeking between the reads, and
-// compares every step, going on past failures to compare what each consumed.
+// Reads `text` as a sequence of T with both readers and compares every step, past failures too.
 template <typename T> void expectSameReads(const std::string& text, int& mismatches) {
     std::istringstream stream(text);
     stream.imbue(std::locale::classic());
@@ -220,8 +218,7 @@ TEST(TextCursor, WordsCharactersAndPositions) {
     EXPECT_TRUE(cursor.fail() && cursor.eof());
     EXPECT_EQ(cursor.tell(), -1);
     EXPECT_FALSE(cursor.word(b));
-    // A number that ends the text leaves eofbit; the next peek fails the cursor, as it does a
-    // stream.
+    // A number that ends the text leaves eofbit; the next peek fails the cursor, as a stream.
     const std::string five = "5";
     TextCursor last(five);
     last >> value;

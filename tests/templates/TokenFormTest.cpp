@@ -50,8 +50,7 @@ AlcData alcData() {
     return fill(block, 2, 4, {1, -2, 3, 40, -100, 0, 7, 123456});
 }
 
-// Prints a filled block and reads the text back into fresh twins with searchascii and
-// readSection: both images must equal the source's.
+// Prints a filled block and reads it back with searchascii and readSection into fresh twins.
 template <class Block>
 void expectRoundTrip(const char* name, int id, double factor, unsigned rows, unsigned cols,
                      std::initializer_list<double> values) {
@@ -106,8 +105,7 @@ TEST(TokenFormOutput, EveryKindAndShapeOfTable) {
               "ID:  PYM_DCON_LEVELPRE2\nCOUNT:  1*1\n1: \t1000000000000000.00\n\n");
 }
 
-// Counts that describe more cells than the table holds print the count line as stored and the
-// rows and columns of the capacity only.
+// Counts beyond the table print as stored, then only the rows and columns of the capacity.
 TEST(TokenFormOutput, StopsAtTheCapacity) {
     AlcData data = alcData();
     data.setRowCount(1);
@@ -237,40 +235,38 @@ TEST(TokenFormRead, SectionsInAnyOrderAndTwiceFromOneStream) {
 TEST(TokenFormReadDeathTest, MalformedSectionsEndTheProcessOrAreReported) {
     ServiceRecorders services;
     using S = TextReadStatus;
+    const S::Code missing = S::MissingKey, high = S::CountTooHigh, negative = S::CountNegative;
+    const std::string id = "ID: RFBO_ALC_DATA\n";
     const struct {
         std::string text;
+        int exitCode; // of searchascii, 0 when it does not end the process
         S::Code code;
         std::string key;
         std::string message;
-        int exitCode; // of searchascii, 0 when it does not end the process
-    } cases[] = {{"COUNT: 1*1\n1: 5\n", S::MissingKey, "ID:", "line 2: can not find 'ID:'", 1},
-                 {"", S::MissingKey, "ID:", "can not find 'ID:'", 0},
-                 {"ID: RFBO_ALC_FREQ\nCOUNT: 1*1\n1: 5", S::MissingKey, "RFBO_ALC_DATA",
-                  "line 3: can not find 'RFBO_ALC_DATA'", 1},
-                 {"ID: RFBO_ALC_DATA\n1*1\n1: 5\n", S::MissingKey,
-                  "COUNT:", "line 3: can not find 'COUNT:'", 1},
-                 {"ID: RFBO_ALC_DATA\nCOUNT: 1 1\n1: 5\n", S::MissingKey, "*",
-                  "line 3: can not find '*'", 1},
-                 {"ID: RFBO_ALC_DATA\nCOUNT: 2*1\n1: 5\n\n", S::MissingKey, ":",
-                  "line 4: can not find ':'", 1},
-                 {"# head\nID: RFBO_ALC_DATA\n\nCOUNT:  5*1\n1: 5\n", S::CountTooHigh, "",
-                  "line 4: row count 5 above the capacity 4", 2},
-                 {"ID: RFBO_ALC_DATA\nCOUNT:  4*11\n", S::CountTooHigh, "",
-                  "line 2: column count 11 above the capacity 10", 2},
-                 {"ID: RFBO_ALC_DATA\nCOUNT:  4294967295*1\n1: 5\n", S::CountNegative, "",
-                  "line 2: row count 4294967295 is negative (-1)", 0},
-                 {"ID: RFBO_ALC_DATA\n\nCOUNT:  1*-1\n1: 5\n", S::CountNegative, "",
-                  "line 3: column count 4294967295 is negative (-1)", 0},
-                 {"ID: RFBO_ALC_DATA\nCOUNT: 1*x\n", S::BadValue, "",
-                  "line 2: column count could not be read", 0},
-                 {"ID: RFBO_ALC_DATA\nCOUNT: 2*3\n1: 1 2 3\n2: 4 5\n", S::BadValue, "",
-                  "line 4: value in row 2, column 3 is missing", 0},
-                 {"ID: RFBO_ALC_DATA\nCOUNT: 1*2\n1: 7\n  abc 8\n", S::BadValue, "",
-                  "line 4: value 'abc' in row 1, column 2 could not be read", 0},
-                 {"ID: RFBO_ALC_DATA\nCOUNT: 1*3\n1: \t12.5\t7\t8\n", S::BadValue, "",
-                  "line 3: value '12.5' in row 1, column 1 could not be read", 0},
-                 {"ID: RFBO_ALC_DATA\nCOUNT: 2*3\n1: 1 2\n2: 4 5 6\n", S::BadValue, "",
-                  "line 4: value '2:' in row 1, column 3 could not be read", 0}};
+    } cases[] = {
+        {"COUNT: 1*1\n1: 5\n", 1, missing, "ID:", "line 2: can not find 'ID:'"},
+        {"", 0, missing, "ID:", "can not find 'ID:'"},
+        {"ID: RFBO_ALC_FREQ\nCOUNT: 1*1\n1: 5", 1, missing, "RFBO_ALC_DATA",
+         "line 3: can not find 'RFBO_ALC_DATA'"},
+        {id + "1*1\n1: 5\n", 1, missing, "COUNT:", "line 3: can not find 'COUNT:'"},
+        {id + "COUNT: 1 1\n1: 5\n", 1, missing, "*", "line 3: can not find '*'"},
+        {id + "COUNT: 2*1\n1: 5\n\n", 1, missing, ":", "line 4: can not find ':'"},
+        {"# head\n" + id + "\nCOUNT:  5*1\n1: 5\n", 2, high, "",
+         "line 4: row count 5 above the capacity 4"},
+        {id + "COUNT:  4*11\n", 2, high, "", "line 2: column count 11 above the capacity 10"},
+        {id + "COUNT:  4294967295*1\n1: 5\n", 0, negative, "",
+         "line 2: row count 4294967295 is negative (-1)"},
+        {id + "\nCOUNT:  1*-1\n1: 5\n", 0, negative, "",
+         "line 3: column count 4294967295 is negative (-1)"},
+        {id + "COUNT: 1*x\n", 0, S::BadValue, "", "line 2: column count could not be read"},
+        {id + "COUNT: 2*3\n1: 1 2 3\n2: 4 5\n", 0, S::BadValue, "",
+         "line 4: value in row 2, column 3 is missing"},
+        {id + "COUNT: 1*2\n1: 7\n  abc 8\n", 0, S::BadValue, "",
+         "line 4: value 'abc' in row 1, column 2 could not be read"},
+        {id + "COUNT: 1*3\n1: \t12.5\t7\t8\n", 0, S::BadValue, "",
+         "line 3: value '12.5' in row 1, column 1 could not be read"},
+        {id + "COUNT: 2*3\n1: 1 2\n2: 4 5 6\n", 0, S::BadValue, "",
+         "line 4: value '2:' in row 1, column 3 could not be read"}};
     for (const auto& c : cases) {
         // A failed read leaves the target alone; nothing reaches either standard stream.
         AlcData block("RFBO_ALC_DATA", 15731, 0, 1.0, false);
