@@ -112,8 +112,9 @@ TEST(CalibCatalogue, HeadedLineFormOfTheRfBoardBlocks) {
     const std::string rows = error + "Number of rows read inadequate!\n";
     const std::string toLarge = error + "Number of lines between ID: and COUNT: to large!\n";
     const std::string tooLarge = error + "Number of lines between ID: and COUNT: too large!\n";
-    const std::string registers = error + "Number of lines between ID and Count to large\n" +
-                                  error + "Row value (COUNT) don't not equal with number of rows\n";
+    const std::string registerComplaints =
+        error + "Number of lines between ID and Count to large\n" + error +
+        "Row value (COUNT) don't not equal with number of rows\n";
     EXPECT_EQ(complaints<HwDatablockKivRfboAttCalFreq>("BLOCK_KIV_RFBO_ATT_CAL_FREQ", 3),
               toLarge + rows);
     EXPECT_EQ(complaints<HwDatablockKivRfboAttCalFreq>("BLOCK_KIV_RFBO_ATT_CAL_FREQ", 2), rows);
@@ -125,12 +126,10 @@ TEST(CalibCatalogue, HeadedLineFormOfTheRfBoardBlocks) {
               tooLarge + rows);
     EXPECT_EQ(
         complaints<HwDatablockKivRfboAttRegAttenuation>("BLOCK_KIV_RFBO_ATTREG_ATTENUATION", 6),
-        registers);
-    EXPECT_EQ(complaints<HwDatablockKivRfboAttRegData>("BLOCK_KIV_RFBO_ATTREG_DATA", 6), registers);
-}
+        registerComplaints);
+    EXPECT_EQ(complaints<HwDatablockKivRfboAttRegData>("BLOCK_KIV_RFBO_ATTREG_DATA", 6),
+              registerComplaints);
 
-TEST(CalibCatalogue, RfBoardBlocksReadTheirHeadedSectionsBackWithReadSection) {
-    ServiceRecorders services;
     // The register table prints the plain table form but reads the headed one.
     HwDatablockKivRfboAttRegData registers;
     registers.setCalValue(0x1F, 0, 1);

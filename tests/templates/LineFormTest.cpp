@@ -58,7 +58,7 @@ TEST(LineFormOutput, IndexedRowsAndRoundTrip) {
     EXPECT_TRUE(services.errors.signalled.empty());
 }
 
-TEST(LineFormRead, ComplaintsGoToStandardOutput) {
+TEST(LineFormRead, ComplaintsGoToStandardOutputRowsTakeTheirIndexAndValues) {
     ServiceRecorders services;
     AttCalVec block = attCalVec();
     const std::string six = "a\nb\nc\nd\ne\nf\n";
@@ -85,12 +85,6 @@ TEST(LineFormRead, ComplaintsGoToStandardOutput) {
     EXPECT_EQ(readText(block, row), kNoId + "\n");
     EXPECT_EQ(block.getId(), 0u);
     EXPECT_TRUE(block.verifyChecksum());
-    EXPECT_TRUE(services.errors.signalled.empty());
-}
-
-TEST(LineFormRead, RowsTakeTheirIndexAndValuesAsWritten) {
-    ServiceRecorders services;
-    AttCalVec block = attCalVec();
     // A row with index 3 and two values under a count line of three columns.
     EXPECT_EQ(readText(block, kId + "COUNT:  1*3\n3: \t10\t20\n"), badRow(1) + "\n");
     EXPECT_EQ(block.getIndex(0), 3);
@@ -133,7 +127,7 @@ TEST(LineFormRead, RowsTakeTheirIndexAndValuesAsWritten) {
     EXPECT_EQ(block.getColCount(), 0u);
 }
 
-TEST(HeadedLineForm, ReadsBackWhatItWritesWithTheRowNumbersAsIndexes) {
+TEST(HeadedLineForm, ReadsBackWhatItWritesAndComplains) {
     ServiceRecorders services;
     HwDatablockKivRfboAttCalFreq empty;
     const std::string full = golden("calib/kiv_att_cal_freq.txt");
@@ -146,19 +140,14 @@ TEST(HeadedLineForm, ReadsBackWhatItWritesWithTheRowNumbersAsIndexes) {
     data.setColCount(50);
     HwDatablockKivRfboTempCompData twin;
     EXPECT_EQ(readText(twin, printed(data)), "");
-    EXPECT_EQ(twin.getCalValue(0, 49), -17);
-    EXPECT_EQ(twin.getCalValue(1, 0), 8);
+    EXPECT_EQ(printed(twin), printed(data));
     EXPECT_EQ(twin.getIndex(0), 1);
     EXPECT_EQ(twin.getIndex(1), 2);
-    EXPECT_EQ(twin.getColCount(), 50u);
     // Decimals written into an integer table are cut toward zero.
     readText(twin, "ID: BLOCK_KIV_RFBO_TEMP_COMP_DATA\nCOUNT: 1 * 2\n1: 5.75 -5.75\n");
     EXPECT_EQ(twin.getCalValue(0, 0), 5);
     EXPECT_EQ(twin.getCalValue(0, 1), -5);
-}
 
-TEST(HeadedLineForm, KeyLineCountLineAndComplaints) {
-    ServiceRecorders services;
     HwDatablockKivRfboAttCalFreq block;
     EXPECT_EQ(readText(block, headedSection("", "1 * 1")), "");
     EXPECT_EQ(block.getCalValue(0, 0), 250.0);
@@ -183,7 +172,7 @@ TEST(HeadedLineForm, KeyLineCountLineAndComplaints) {
     EXPECT_EQ(block.getCalValue(0, 0), 250.0);
 }
 
-TEST(LineFormReadSection, ComplaintsAreKeptWithTheirLinesAndSummarised) {
+TEST(LineFormReadSection, KeepsComplaintsAndRefusesWhatSearchasciiLoadsAnyway) {
     ServiceRecorders services;
     AttCalVec block = attCalVec();
     TextReadStatus status = readSection(block, kId + "COUNT:  2*3\n1: 1 2 3\n# note\n2: 4 5\n");
@@ -199,7 +188,6 @@ TEST(LineFormReadSection, ComplaintsAreKeptWithTheirLinesAndSummarised) {
         junk += "junk\n";
     const std::string text = kId + junk + "COUNT:  1*1\n7: 9\n";
     status = readSection(block, text);
-    EXPECT_EQ(status.complaints.size(), 5u);
     std::string expected = "ok";
     for (int line = 7; line <= 11; ++line)
         expected += "; line " + std::to_string(line) + ": " + kTooMany;
@@ -209,11 +197,7 @@ TEST(LineFormReadSection, ComplaintsAreKeptWithTheirLinesAndSummarised) {
     for (int i = 0; i < 1000; ++i)
         printedAll += kTooMany + "\n";
     EXPECT_EQ(readText(block, text), printedAll);
-}
 
-TEST(LineFormReadSection, RefusesWhatSearchasciiLoadsAnyway) {
-    ServiceRecorders services;
-    AttCalVec block = attCalVec();
     block.setCalValue(42, 0, 0);
     const QByteArray before = block.getByteArrayData();
     using S = TextReadStatus;

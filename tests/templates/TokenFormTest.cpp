@@ -150,7 +150,7 @@ TEST(TokenFormRead, RoundTripsForEveryValueType) {
     expectRoundTrip<Misc>("PYM_DCON_VTRIM_VALUE", 12310, 0.25, 3, 1, {6, -1, 2147483647});
 }
 
-TEST(TokenFormRead, ExtendedDescriptors) {
+TEST(TokenFormRead, DescriptorsAndValuesAsWritten) {
     ServiceRecorders services;
     Extended extended(kExtended, 16003, 0, 1.0, false);
     std::string shortText = "AB"; // the rest stays zero bytes and is printed so
@@ -174,10 +174,7 @@ TEST(TokenFormRead, ExtendedDescriptors) {
     target.getDescriptor(0, got);
     EXPECT_EQ(got, "ABCDEFGHIJKLMNOP");
     EXPECT_TRUE(target.verifyChecksum());
-}
 
-TEST(TokenFormRead, ValuesAreUnscaledByTruncationAndIntegersStopAtAPoint) {
-    ServiceRecorders services;
     HwDatablockBaseTemplate<int, double, 2, 128> levels("L", 15716, 0, 0.01, false);
     readText(levels, "ID:  L\nCOUNT:  1*3\n1: \t0.019\t-0.019\t-12.34\n");
     const QByteArray image = levels.getByteArrayData();
