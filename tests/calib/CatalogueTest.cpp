@@ -159,7 +159,7 @@ TEST(CalibCatalogue, HeadedLineFormOfTheRfBoardBlocks) {
     EXPECT_EQ(data.getByteArrayData(), before);
 }
 
-TEST(CalibCatalogue, TcxoTableClampsCountsAndChecksItsValues) {
+TEST(CalibCatalogue, TcxoTableAndOpaqueBlocks) {
     ServiceRecorders services;
     HwDatablockOroRfboTcxoCal tcxo;
     tcxo.setRowCount(12);
@@ -174,11 +174,8 @@ TEST(CalibCatalogue, TcxoTableClampsCountsAndChecksItsValues) {
     EXPECT_EQ(tcxo.setTcxoValue(1, -1), -1);
     EXPECT_EQ(tcxo.getByteArrayData(), before);
     EXPECT_TRUE(services.errors.signalled.empty());
-}
 
-// Their first ids are checked against the directory's own registrations in its suite.
-TEST(OpaqueCalibBlocks, NewBlockIsAValidHeaderAndGivenImagesAreKeptAndDumped) {
-    ServiceRecorders services;
+    // Their first ids are checked against the directory's own registrations in its suite.
     ASSERT_EQ(sizeof kRows / sizeof kRows[0], 78u);
     for (const OpaqueRow& row : kRows) {
         EXPECT_TRUE(QFileInfo(QString(EPROM_SOURCE_DIR "/include/%1.h").arg(row.name)).isFile())

@@ -105,7 +105,7 @@ TEST(RefCalValue, EachClassStoresIndexZeroOnlyAndChecksWhatItImports) {
     }
 }
 
-TEST(RefCalValue, SwapBlockAndCountAccessors) {
+TEST(RefCalValue, SwapBlockCountAccessorsAndTheDacFullScale) {
     ServiceRecorders services;
     HwDatablockPymOcxoRefCalValue block;
     HwSDatablockPymOcxoRefCalValue record{15002, 16, 0x1111, 6, 2, 77};
@@ -124,28 +124,25 @@ TEST(RefCalValue, SwapBlockAndCountAccessors) {
     EXPECT_EQ(hex(wex.getByteArrayData().mid(8, 4)), "04 03 02 01");
     EXPECT_TRUE(wex.verifyChecksum());
     EXPECT_TRUE(services.errors.signalled.empty());
-}
 
-TEST(DacIfFullScale, SetterImportAndPrint) {
-    ServiceRecorders services;
-    HwDatablockDacIfFullScale block;
-    EXPECT_EQ(hex(block.getByteArrayData()), "d4 30 0c 00 00 00 00 00 00 00 00 00");
-    block.setFullScaleValue(-123456);
-    EXPECT_EQ(hex(block.getByteArrayData().mid(8)), "c0 1d fe ff");
-    EXPECT_EQ(block.getFullScaleValue(), -123456);
-    EXPECT_TRUE(block.verifyChecksum());
-    HwSDatablockDacIfFullScale record{12500, 12, 0, 0, 5};
-    EXPECT_EQ(block.setBlock(&record), 1);
+    HwDatablockDacIfFullScale dac;
+    EXPECT_EQ(hex(dac.getByteArrayData()), "d4 30 0c 00 00 00 00 00 00 00 00 00");
+    dac.setFullScaleValue(-123456);
+    EXPECT_EQ(hex(dac.getByteArrayData().mid(8)), "c0 1d fe ff");
+    EXPECT_EQ(dac.getFullScaleValue(), -123456);
+    EXPECT_TRUE(dac.verifyChecksum());
+    HwSDatablockDacIfFullScale dacRecord{12500, 12, 0, 0, 5};
+    EXPECT_EQ(dac.setBlock(&dacRecord), 1);
     expectRejected(services, 1040001, "   HwDatablockDacIfFullScale");
-    EXPECT_EQ(block.getFullScaleValue(), -123456);
-    record = sealed(HwSDatablockDacIfFullScale{12500, 12, 0, 0, -123456});
-    ASSERT_EQ(block.setBlock(&record), 0);
-    EXPECT_EQ(block.getByteArrayData(), recordBytes(record));
-    EXPECT_EQ(printed(block), golden("calib/DacIfFullScale.txt"));
+    EXPECT_EQ(dac.getFullScaleValue(), -123456);
+    dacRecord = sealed(HwSDatablockDacIfFullScale{12500, 12, 0, 0, -123456});
+    ASSERT_EQ(dac.setBlock(&dacRecord), 0);
+    EXPECT_EQ(dac.getByteArrayData(), recordBytes(dacRecord));
+    EXPECT_EQ(printed(dac), golden("calib/DacIfFullScale.txt"));
 
-    block.resizeData(10); // the value no longer fits
-    EXPECT_EQ(block.getFullScaleValue(), 0);
-    const QByteArray shortImage = block.getByteArrayData();
-    block.setFullScaleValue(1);
-    EXPECT_EQ(block.getByteArrayData(), shortImage);
+    dac.resizeData(10); // the value no longer fits
+    EXPECT_EQ(dac.getFullScaleValue(), 0);
+    const QByteArray shortImage = dac.getByteArrayData();
+    dac.setFullScaleValue(1);
+    EXPECT_EQ(dac.getByteArrayData(), shortImage);
 }

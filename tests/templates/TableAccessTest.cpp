@@ -76,7 +76,7 @@ void readFrom(std::istringstream& in, const QByteArray& bytes, AlcFreq& block) {
 }
 } // namespace
 
-TEST(TableLayout, OneInstantiationOfEachKind) {
+TEST(TableLayout, OneInstantiationOfEachKindAndTheScalingOfEachValueType) {
     expectLayout<Base<char, double, 12, 1>>(28);
     expectLayout<Base<double, double, 200, 1>>(1616);
     expectLayout<Indexed>(2284);
@@ -93,9 +93,7 @@ TEST(TableLayout, OneInstantiationOfEachKind) {
     EXPECT_TRUE(block.getStopConversionOnError());
     Base<int, int, 8, 1> wrapped("X", 65535, 2, 1.0, false);
     EXPECT_EQ(wrapped.getId(), 1u) << "the id word is cut to 16 bits";
-}
 
-TEST(TableScaling, IntegersTruncateTowardZeroFloatingValuesKeepTheProduct) {
     using Ints = Base<int, int, 8, 1>;
     using Shorts = Base<short, short, 6, 1>;
     EXPECT_EQ(scaled<Ints>(0.01, 12345), 123);

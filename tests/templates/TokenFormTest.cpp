@@ -69,7 +69,7 @@ void expectRoundTrip(const char* name, int id, double factor, unsigned rows, uns
 }
 } // namespace
 
-TEST(TokenFormOutput, EveryKindAndShapeOfTable) {
+TEST(TokenFormOutput, EveryKindAndShapeOfTableUpToTheCapacity) {
     AlcFreq freq = alcFreq();
     EXPECT_EQ(printed(freq), fixture("token_vector.txt"));
     AlcData data = alcData();
@@ -103,11 +103,9 @@ TEST(TokenFormOutput, EveryKindAndShapeOfTable) {
                                                                     1e9, false);
     EXPECT_EQ(printed(fill(big, 1, 1, {1000000})),
               "ID:  PYM_DCON_LEVELPRE2\nCOUNT:  1*1\n1: \t1000000000000000.00\n\n");
-}
 
-// Counts beyond the table print as stored, then only the rows and columns of the capacity.
-TEST(TokenFormOutput, StopsAtTheCapacity) {
-    AlcData data = alcData();
+    // Counts beyond the table print as stored, then only the rows and columns of the capacity.
+    data = alcData();
     data.setRowCount(1);
     data.setColCount(11); // within the cell count: zeros for the missing cells
     EXPECT_NE(printed(data).find("\t40.000\t0.000\t0.000\t0.000\t0.000\t0.000\t0.000\t0.000\n"),
