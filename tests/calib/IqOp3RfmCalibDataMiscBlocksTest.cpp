@@ -73,12 +73,26 @@ TEST(IqOp3RfmCalibDataMisc, EverySetterStoresOnlyItsFieldAndRefreshesTheChecksum
     EXPECT_EQ(block.getLconReserveBz(12), 0);
     EXPECT_EQ(block.getDetReserveBz(12), 0);
     EXPECT_TRUE(services.errors.signalled.empty());
+    // A huge state count prints up to the last indexable state.
+    block.setNumberOfOperatingStates(0xFFFFFFFFu);
+    const std::string text = printed(block);
+    EXPECT_NE(text.find("COUNT_BZ:        4294967295\n"), std::string::npos);
+    EXPECT_NE(text.find("\nDET_RESERVE_BZ255:             0\t dB\n"), std::string::npos);
+    EXPECT_EQ(text.find("BZ256"), std::string::npos);
 }
 
-TEST(IqOp3RfmCalibDataMisc, GettersOfAShortImageAndPmaxCutTo16Bits) {
+TEST(IqOp3RfmCalibDataMisc, SetBlockReplacesAShortOrLongImageAndGettersReadAShortOne) {
     ServiceRecorders services;
+    for (int length : {8, 300}) {
+        Misc block;
+        block.resizeData(static_cast<unsigned>(length));
+        ASSERT_EQ(block.setBlock(&kSample), 0);
+        EXPECT_EQ(block.getByteArrayData(), recordBytes(kSample)) << length;
+        EXPECT_TRUE(block.verifyChecksum());
+        EXPECT_EQ(printed(block), golden("calib/IqOp3RfmCalibDataMisc.txt"));
+    }
+    // Ends right after the first UIQ value: later fields are missing. PMAX is cut to 16 bits.
     Misc block;
-    // Ends right after the first UIQ value: later fields are missing.
     QByteArray image = block.getByteArrayData().left(76);
     putAt<float>(image, 24, 1280.9f);
     putAt<float>(image, 28, -1.0f);
@@ -94,25 +108,6 @@ TEST(IqOp3RfmCalibDataMisc, GettersOfAShortImageAndPmaxCutTo16Bits) {
     block.setUiqBz(1.0f, 1);
     block.setDetReserveBz(9, 0);
     EXPECT_EQ(block.getByteArrayData(), image);
-}
-
-TEST(IqOp3RfmCalibDataMisc, SetBlockReplacesAShortOrLongImageAndPrints) {
-    ServiceRecorders services;
-    for (int length : {8, 300}) {
-        Misc block;
-        block.resizeData(static_cast<unsigned>(length));
-        ASSERT_EQ(block.setBlock(&kSample), 0);
-        EXPECT_EQ(block.getByteArrayData(), recordBytes(kSample)) << length;
-        EXPECT_TRUE(block.verifyChecksum());
-        EXPECT_EQ(printed(block), golden("calib/IqOp3RfmCalibDataMisc.txt"));
-    }
-    // A huge state count stops at the last indexable state.
-    Misc block;
-    block.setNumberOfOperatingStates(0xFFFFFFFFu);
-    const std::string text = printed(block);
-    EXPECT_NE(text.find("COUNT_BZ:        4294967295\n"), std::string::npos);
-    EXPECT_NE(text.find("\nDET_RESERVE_BZ255:             0\t dB\n"), std::string::npos);
-    EXPECT_EQ(text.find("BZ256"), std::string::npos);
 }
 
 namespace {

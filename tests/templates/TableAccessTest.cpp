@@ -272,7 +272,7 @@ TEST(TableRemove, RemoveFromRowClosesTheGapInOneColumn) {
     EXPECT_EQ(vector.getByteArrayData().size(), 56);
 }
 
-TEST(TableSetBlock, HeaderIsRebuiltButTheGivenChecksumStays) {
+TEST(TableSetBlock, HeaderIsRebuiltIndexAndDescriptorsAreCopied) {
     ServiceRecorders services;
     AlcData block("RFBO_ALC_DATA", 15731, 0, 1.0, false);
     QByteArray image = alcImage();
@@ -294,18 +294,15 @@ TEST(TableSetBlock, HeaderIsRebuiltButTheGivenChecksumStays) {
     EXPECT_EQ(block.getByteArrayData(), image);
     EXPECT_EQ(block.getCalValue(3, 9), -1);
     EXPECT_TRUE(services.errors.signalled.empty());
-}
 
-TEST(TableSetBlock, IndexAndDescriptorsAreCopiedWithTheCells) {
-    ServiceRecorders services;
     Indexed indexed("RFBO_ATT_CAL_VEC_DATA", 15843, 0, 1.0, false);
-    QByteArray image = tableImage(2284, 15843, 1, 1);
-    putAt<int>(image, 16, 5);
-    putAt<int>(image, 2176, -10); // index of row 0
-    putAt<int>(image, 2280, 33);  // index of row 26
-    sealChecksum(image);
-    ASSERT_EQ(indexed.setBlock(record<Indexed>(image)), 0);
-    EXPECT_EQ(indexed.getByteArrayData(), image);
+    QByteArray indexImage = tableImage(2284, 15843, 1, 1);
+    putAt<int>(indexImage, 16, 5);
+    putAt<int>(indexImage, 2176, -10); // index of row 0
+    putAt<int>(indexImage, 2280, 33);  // index of row 26
+    sealChecksum(indexImage);
+    ASSERT_EQ(indexed.setBlock(record<Indexed>(indexImage)), 0);
+    EXPECT_EQ(indexed.getByteArrayData(), indexImage);
     EXPECT_EQ(indexed.getIndex(26), 33);
 
     using Extended = HwDatablockBaseTemplateExtended<short, int, 10, 13, 600>;
@@ -340,45 +337,42 @@ TEST(TableSetBlock, IndexAndDescriptorsAreCopiedWithTheCells) {
     EXPECT_TRUE(sumsToZero(now));
 }
 
-TEST(TableSetBlock, WexWCopiesWithoutTestAndComputesItsOwnChecksum) {
+TEST(TableSetBlock, WexWSealsWhatItTakesWithoutChecksumKeepsTheChecksumWord) {
     ServiceRecorders services;
     using WexW = HwDatablockBaseTemplateWexW<float, double, 50, 7>;
     char name[] = "IQ_IMBALANCE";
-    WexW block(name, 15606, 0, 1.0, false);
-    QByteArray image = tableImage(1416, 15606, 1, 1);
-    putAt<float>(image, 16, 1.25f);
-    putAt<unsigned short>(image, 4, 0x1234); // wrong on purpose
-    EXPECT_EQ(block.setBlock(record<WexW>(image)), 0);
+    WexW wexw(name, 15606, 0, 1.0, false);
+    QByteArray wexImage = tableImage(1416, 15606, 1, 1);
+    putAt<float>(wexImage, 16, 1.25f);
+    putAt<unsigned short>(wexImage, 4, 0x1234); // wrong on purpose
+    EXPECT_EQ(wexw.setBlock(record<WexW>(wexImage)), 0);
     EXPECT_TRUE(services.errors.signalled.empty());
-    EXPECT_EQ(block.getCalValue(0, 0), 1.25);
-    EXPECT_TRUE(block.verifyChecksum());
+    EXPECT_EQ(wexw.getCalValue(0, 0), 1.25);
+    EXPECT_TRUE(wexw.verifyChecksum());
 
     char other[] = "OTHER";
     WexW assigned(other, 1, 1, 2.0, true);
-    assigned = block;
-    EXPECT_EQ(assigned.getByteArrayData(), block.getByteArrayData());
+    assigned = wexw;
+    EXPECT_EQ(assigned.getByteArrayData(), wexw.getByteArrayData());
     EXPECT_EQ(assigned.getFactor(), 1.0);
     EXPECT_EQ(assigned.getInstance(), 0);
-    EXPECT_EQ(printed(assigned), printed(block)); // the name came along
-    EXPECT_EQ(WexW(block).getByteArrayData(), block.getByteArrayData());
-}
+    EXPECT_EQ(printed(assigned), printed(wexw)); // the name came along
+    EXPECT_EQ(WexW(wexw).getByteArrayData(), wexw.getByteArrayData());
 
-TEST(TableSetBlock, WithoutChecksumCarriesTheChecksumWordUntouched) {
-    ServiceRecorders services;
     using Counter = HwDatablockTemplateWithoutChecksum<MiscData<unsigned char, 1, 2048>,
                                                        unsigned char, double, 1, 2048>;
-    Counter block("PYM_MWIF_SATT_COUNTER", 11304, 0, 1.0, false);
-    QByteArray image = tableImage(2064, 11304, 1, 3);
-    putAt<unsigned short>(image, 4, 0x1234);
-    image[16] = static_cast<char>(200);
-    EXPECT_EQ(block.setBlock(record<Counter>(image)), 0);
-    EXPECT_EQ(block.getByteArrayData(), image);
-    EXPECT_EQ(block.getCalValue(0, 0), 200.0);
-    block.setCalValue(7, 0, 2047);
-    block.setRowCount(5);
-    block.removeValuesFromCol(0, 0, 0);
-    EXPECT_EQ(block.getChecksum(), 0x1234);
-    EXPECT_EQ(static_cast<unsigned char>(block.getByteArrayData()[16 + 2047]), 7);
+    Counter counter("PYM_MWIF_SATT_COUNTER", 11304, 0, 1.0, false);
+    QByteArray counted = tableImage(2064, 11304, 1, 3);
+    putAt<unsigned short>(counted, 4, 0x1234);
+    counted[16] = static_cast<char>(200);
+    EXPECT_EQ(counter.setBlock(record<Counter>(counted)), 0);
+    EXPECT_EQ(counter.getByteArrayData(), counted);
+    EXPECT_EQ(counter.getCalValue(0, 0), 200.0);
+    counter.setCalValue(7, 0, 2047);
+    counter.setRowCount(5);
+    counter.removeValuesFromCol(0, 0, 0);
+    EXPECT_EQ(counter.getChecksum(), 0x1234);
+    EXPECT_EQ(static_cast<unsigned char>(counter.getByteArrayData()[16 + 2047]), 7);
     EXPECT_TRUE(services.errors.signalled.empty());
 }
 
