@@ -185,7 +185,7 @@ TEST(TextCursor, ReadsNumbersAsTheStreamsDo) {
 }
 
 TEST(TextCursor, WordsCharactersAndPositions) {
-    const std::string text = "ID:  NAME\nCOUNT: 2*3\n5 5.000 7.5";
+    const std::string text = "ID:  NAME\nCOUNT: 2*3\n5.000 7.5";
     std::istringstream stream(text);
     TextCursor cursor(text);
     std::string a;
@@ -203,8 +203,6 @@ TEST(TextCursor, WordsCharactersAndPositions) {
     EXPECT_EQ(c, '3');
     // Whole numbers may carry a fraction of zeros; anything else fails the cursor.
     int value = 0;
-    cursor >> value;
-    EXPECT_TRUE(skipZeroFraction(cursor));
     cursor >> value;
     EXPECT_TRUE(skipZeroFraction(cursor));
     cursor >> value;
