@@ -1,6 +1,5 @@
 // The calibration catalogue: facts of chosen table classes, the headed line form of the RF board
 // blocks, the TCXO table, and every block kept as an opaque image.
-#include "support/Blocks.h"
 #include "templates/TemplateTestSupport.h"
 
 #include <HwCalibTableBlocks.h>
@@ -10,9 +9,6 @@
 #include <QFileInfo>
 #include <functional>
 #include <memory>
-
-#include <gtest/gtest.h>
-#include <sstream>
 
 using namespace Tupsim;
 using namespace Tupsim::test;

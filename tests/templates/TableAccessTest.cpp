@@ -10,9 +10,7 @@
 #include "templates/HwDatablockTemplate.h"
 #include "templates/HwDatablockTemplateWithoutChecksum.h"
 
-#include <gtest/gtest.h>
 #include <limits>
-#include <sstream>
 
 using namespace Tupsim;
 using namespace Tupsim::test;

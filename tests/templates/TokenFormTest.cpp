@@ -10,8 +10,6 @@
 #include "templates/HwDatablockTemplate.h"
 
 #include <algorithm>
-#include <gtest/gtest.h>
-#include <sstream>
 #include <type_traits>
 
 using namespace Tupsim;
