@@ -47,7 +47,7 @@ const struct {
 
 } // namespace
 
-TEST(IqOp3RfmCalibDataMisc, EverySetterStoresOnlyItsFieldAndRefreshesTheChecksum) {
+TEST(IqOp3RfmCalibDataMisc, FieldsShortImagesAndTheTextForm) {
     ServiceRecorders services;
     Misc block;
     EXPECT_EQ(block.getByteArrayData(),
@@ -79,35 +79,32 @@ TEST(IqOp3RfmCalibDataMisc, EverySetterStoresOnlyItsFieldAndRefreshesTheChecksum
     EXPECT_NE(text.find("COUNT_BZ:        4294967295\n"), std::string::npos);
     EXPECT_NE(text.find("\nDET_RESERVE_BZ255:             0\t dB\n"), std::string::npos);
     EXPECT_EQ(text.find("BZ256"), std::string::npos);
-}
 
-TEST(IqOp3RfmCalibDataMisc, SetBlockReplacesAShortOrLongImageAndGettersReadAShortOne) {
-    ServiceRecorders services;
     for (int length : {8, 300}) {
-        Misc block;
-        block.resizeData(static_cast<unsigned>(length));
-        ASSERT_EQ(block.setBlock(&kSample), 0);
-        EXPECT_EQ(block.getByteArrayData(), recordBytes(kSample)) << length;
-        EXPECT_TRUE(block.verifyChecksum());
-        EXPECT_EQ(printed(block), golden("calib/IqOp3RfmCalibDataMisc.txt"));
+        Misc shortBlock;
+        shortBlock.resizeData(static_cast<unsigned>(length));
+        ASSERT_EQ(shortBlock.setBlock(&kSample), 0);
+        EXPECT_EQ(shortBlock.getByteArrayData(), recordBytes(kSample)) << length;
+        EXPECT_TRUE(shortBlock.verifyChecksum());
+        EXPECT_EQ(printed(shortBlock), golden("calib/IqOp3RfmCalibDataMisc.txt"));
     }
     // Ends right after the first UIQ value: later fields are missing. PMAX is cut to 16 bits.
-    Misc block;
-    QByteArray image = block.getByteArrayData().left(76);
-    putAt<float>(image, 24, 1280.9f);
-    putAt<float>(image, 28, -1.0f);
-    putAt<float>(image, 32, 65537.5f);
-    putAt<float>(image, 72, 3.0f);
-    load(block, image);
-    EXPECT_EQ(block.getPmaxBz(0), 1280);
-    EXPECT_EQ(block.getPmaxBz(1), 0xFFFF);
-    EXPECT_EQ(block.getPmaxBz(2), 1);
-    EXPECT_EQ(block.getUiqBz(0), 3.0f);
-    EXPECT_EQ(block.getUiqBz(1), 0.0f);
-    EXPECT_EQ(block.getDetReserveBz(0), 0);
-    block.setUiqBz(1.0f, 1);
-    block.setDetReserveBz(9, 0);
-    EXPECT_EQ(block.getByteArrayData(), image);
+    Misc shortBlock;
+    QByteArray shortImage = shortBlock.getByteArrayData().left(76);
+    putAt<float>(shortImage, 24, 1280.9f);
+    putAt<float>(shortImage, 28, -1.0f);
+    putAt<float>(shortImage, 32, 65537.5f);
+    putAt<float>(shortImage, 72, 3.0f);
+    load(shortBlock, shortImage);
+    EXPECT_EQ(shortBlock.getPmaxBz(0), 1280);
+    EXPECT_EQ(shortBlock.getPmaxBz(1), 0xFFFF);
+    EXPECT_EQ(shortBlock.getPmaxBz(2), 1);
+    EXPECT_EQ(shortBlock.getUiqBz(0), 3.0f);
+    EXPECT_EQ(shortBlock.getUiqBz(1), 0.0f);
+    EXPECT_EQ(shortBlock.getDetReserveBz(0), 0);
+    shortBlock.setUiqBz(1.0f, 1);
+    shortBlock.setDetReserveBz(9, 0);
+    EXPECT_EQ(shortBlock.getByteArrayData(), shortImage);
 }
 
 namespace {

@@ -101,14 +101,12 @@ TEST(RefCalValue, EachClassStoresIndexZeroOnlyAndChecksWhatItImports) {
         expectRejected(services, 1040002, c.failText);
         EXPECT_EQ(block->getByteArrayData(), header);
     }
-}
 
-TEST(RefCalValue, SwapBlockCountAccessorsAndTheDacFullScale) {
     ServiceRecorders services;
-    HwDatablockPymOcxoRefCalValue block;
-    HwSDatablockPymOcxoRefCalValue record{15002, 16, 0x1111, 6, 2, 77};
-    block.swapBlock(&record); // imports without checking
-    EXPECT_EQ(hex(block.getByteArrayData()), "9a 3a 10 00 11 11 00 00 02 00 00 00 4d 00 00 00");
+    HwDatablockPymOcxoRefCalValue pym;
+    HwSDatablockPymOcxoRefCalValue pymRecord{15002, 16, 0x1111, 6, 2, 77};
+    pym.swapBlock(&pymRecord); // imports without checking
+    EXPECT_EQ(hex(pym.getByteArrayData()), "9a 3a 10 00 11 11 00 00 02 00 00 00 4d 00 00 00");
 
     HwDatablockFsynTcxoRefCalValue fsyn;
     fsyn.setCount(200);

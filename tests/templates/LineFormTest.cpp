@@ -167,7 +167,7 @@ TEST(HeadedLineForm, ReadsBackWhatItWritesAndComplains) {
     EXPECT_EQ(block.getCalValue(0, 0), 250.0);
 }
 
-TEST(LineFormReadSection, KeepsComplaintsAndRefusesWhatSearchasciiLoadsAnyway) {
+TEST(LineFormReadSection, KeepsComplaintsRefusesBadCountsAndCorruptCountsPrintBounded) {
     ServiceRecorders services;
     AttCalVec block = attCalVec();
     TextReadStatus status = readSection(block, kId + "COUNT:  2*3\n1: 1 2 3\n# note\n2: 4 5\n");
@@ -220,32 +220,29 @@ TEST(LineFormReadSection, KeepsComplaintsAndRefusesWhatSearchasciiLoadsAnyway) {
     }
     EXPECT_TRUE(readSection(block, kId + "COUNT:  0*20\n").ok()); // at the capacity is fine
     EXPECT_EQ(block.getColCount(), 20u);
-}
 
-// Corrupt counts print as stored, then only the rows the image holds; readSection refuses them.
-TEST(BoundedPrinting, LineFormsStopAtTheCapacity) {
-    ServiceRecorders services;
-    AttCalVec block = attCalVec();
-    block.setCalValue(9, 26, 19);
-    block.setIndex(3, 26);
-    block.setRowCount(27);
-    block.setColCount(20);
-    const std::string full = printed(block);
-    block.setRowCount(0xFFFFFFFFu);
-    block.setColCount(0xFFFFFFFFu);
-    const std::string text = printed(block);
-    EXPECT_EQ(text, replaced(full, "COUNT:  27*20", "COUNT:  4294967295*4294967295"));
-    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 2 + 27 + 1);
+    // Corrupt counts print as stored, then only the rows the image holds; readSection refuses them.
+    AttCalVec corrupt = attCalVec();
+    corrupt.setCalValue(9, 26, 19);
+    corrupt.setIndex(3, 26);
+    corrupt.setRowCount(27);
+    corrupt.setColCount(20);
+    const std::string full = printed(corrupt);
+    corrupt.setRowCount(0xFFFFFFFFu);
+    corrupt.setColCount(0xFFFFFFFFu);
+    const std::string printout = printed(corrupt);
+    EXPECT_EQ(printout, replaced(full, "COUNT:  27*20", "COUNT:  4294967295*4294967295"));
+    EXPECT_EQ(std::count(printout.begin(), printout.end(), '\n'), 2 + 27 + 1);
     std::string last = "3: ";
     for (int c = 0; c < 19; ++c)
         last += "\t0.000";
-    EXPECT_EQ(text.substr(text.size() - last.size() - 8), last + "\t9.000\n\n");
-    AttCalVec twin = attCalVec();
-    EXPECT_EQ(readSection(twin, text).code, TextReadStatus::CountTooHigh);
+    EXPECT_EQ(printout.substr(printout.size() - last.size() - 8), last + "\t9.000\n\n");
+    AttCalVec reader = attCalVec();
+    EXPECT_EQ(readSection(reader, printout).code, TextReadStatus::CountTooHigh);
     // Within the capacity's cell count, counts above one capacity still print their zeros.
-    block.setRowCount(2);
-    block.setColCount(21);
-    EXPECT_NE(printed(block).find("\t0.000\t0.000\n"), std::string::npos);
+    corrupt.setRowCount(2);
+    corrupt.setColCount(21);
+    EXPECT_NE(printed(corrupt).find("\t0.000\t0.000\n"), std::string::npos);
 
     HwDatablockKivRfboAttCalFreq headed;
     headed.setCalValue(1.5, 199, 0);

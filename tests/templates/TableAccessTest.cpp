@@ -109,7 +109,7 @@ TEST(TableLayout, OneInstantiationOfEachKindAndTheScalingOfEachValueType) {
               static_cast<double>(0.1f));
 }
 
-TEST(TableCapacity, SettersStoreLittleEndianInsideTheCapacityOnly) {
+TEST(TableCapacity, SettersAndTheSearchStayInsideTheCapacity) {
     Indexed block("T", 15843, 0, 1.0, false);
     block.setCalValue(0x01020304, 1, 2);
     block.setCalValue(11, 26, 19); // last cell of the capacity
@@ -149,11 +149,9 @@ TEST(TableCapacity, SettersStoreLittleEndianInsideTheCapacityOnly) {
     bool found = false;
     EXPECT_EQ(block.findFirstValueInCol(0, 0, found, Indexed::HwRelEqual), 1u);
     EXPECT_EQ(printed(block), "ID:  T\nCOUNT:  0*0\n\n");
-}
 
-TEST(TableSearch, RelationOperatorsAndTheRowsExamined) {
-    IntVector block("T", 1, 0, 1.0, false);
-    fillColumn(block, {5, 10, 10, 20});
+    IntVector vector("T", 1, 0, 1.0, false);
+    fillColumn(vector, {5, 10, 10, 20});
     const struct {
         int value;
         int op;
@@ -165,27 +163,26 @@ TEST(TableSearch, RelationOperatorsAndTheRowsExamined) {
         {10, IntVector::HwRelLess, 0, true},         {10, IntVector::HwRelGreaterEqual, 2, true},
         {11, IntVector::HwRelGreaterEqual, 3, true}, {9, IntVector::HwRelLessEqual, 0, true},
         {4, IntVector::HwRelLessEqual, 0, false},    {10, 5, 0, false}};
-    bool found = false;
     for (const auto& c : cases) {
         found = !c.found;
-        EXPECT_EQ(block.findFirstValueInCol(c.value, 0, found,
-                                            static_cast<IntVector::THwERelationOperator>(c.op)),
+        EXPECT_EQ(vector.findFirstValueInCol(c.value, 0, found,
+                                             static_cast<IntVector::THwERelationOperator>(c.op)),
                   c.row)
             << c.value << " op " << c.op;
         EXPECT_EQ(found, c.found) << c.value << " op " << c.op;
     }
-    block.setRowCount(0); // the first row is examined all the same
-    EXPECT_EQ(block.findFirstValueInCol(5, 0, found, IntVector::HwRelEqual), 1u);
-    EXPECT_EQ(block.findFirstValueInCol(10, 0, found, IntVector::HwRelEqual), 0u);
+    vector.setRowCount(0); // the first row is examined all the same
+    EXPECT_EQ(vector.findFirstValueInCol(5, 0, found, IntVector::HwRelEqual), 1u);
+    EXPECT_EQ(vector.findFirstValueInCol(10, 0, found, IntVector::HwRelEqual), 0u);
     EXPECT_FALSE(found);
     // Rows past the capacity read 0 and match like any other row; so does a column past it.
-    fillColumn(block, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
-    EXPECT_EQ(block.findFirstValueInCol(0, 0, found, IntVector::HwRelEqual), 0u);
-    block.setRowCount(0xFFFFFFFFu);
-    EXPECT_EQ(block.findFirstValueInCol(0, 0, found, IntVector::HwRelEqual), 11u);
+    fillColumn(vector, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
+    EXPECT_EQ(vector.findFirstValueInCol(0, 0, found, IntVector::HwRelEqual), 0u);
+    vector.setRowCount(0xFFFFFFFFu);
+    EXPECT_EQ(vector.findFirstValueInCol(0, 0, found, IntVector::HwRelEqual), 11u);
     EXPECT_TRUE(found);
-    EXPECT_EQ(block.findFirstValueInCol(1, 0, found, IntVector::HwRelGreater), 1u);
-    EXPECT_EQ(block.findFirstValueInCol(0, 1, found, IntVector::HwRelEqual), 1u);
+    EXPECT_EQ(vector.findFirstValueInCol(1, 0, found, IntVector::HwRelGreater), 1u);
+    EXPECT_EQ(vector.findFirstValueInCol(0, 1, found, IntVector::HwRelEqual), 1u);
 
     using Doubles = Base<double, double, 50, 1>;
     Doubles doubles("T", 1, 0, 1.0, false);
@@ -199,7 +196,7 @@ TEST(TableSearch, RelationOperatorsAndTheRowsExamined) {
     EXPECT_EQ(doubles.findFirstValueInCol(2.0, 0, found, Doubles::HwRelGreater), 1u);
 }
 
-TEST(TableRemove, RemoveFromColClosesTheGapUpToTheRowCapacity) {
+TEST(TableRemove, RemoveFromColAndRowCloseTheGap) {
     Base<int, int, 2, 128> wide("T", 1, 0, 1.0, false);
     for (int c = 0; c < 3; ++c)
         wide.setCalValue(c + 1, 0, c);
@@ -238,36 +235,35 @@ TEST(TableRemove, RemoveFromColClosesTheGapUpToTheRowCapacity) {
     EXPECT_EQ(indexed.getColCount(), 100u);
     EXPECT_EQ(indexed.getCalValue(26, 19), 5);
     EXPECT_EQ(indexed.getIndex(0), 77);
-}
 
-TEST(TableRemove, RemoveFromRowClosesTheGapInOneColumn) {
-    IntTable table("T", 1, 0, 1.0, false);
+    // removeValuesFromRow closes the gap in one column.
+    IntTable rows("T", 1, 0, 1.0, false);
     for (unsigned r = 0; r < 4; ++r) {
-        table.setCalValue(static_cast<int>(r + 1), r, 1);
-        table.setCalValue(-1, r, 0);
+        rows.setCalValue(static_cast<int>(r + 1), r, 1);
+        rows.setCalValue(-1, r, 0);
     }
-    table.setRowCount(4);
-    table.removeValuesFromRow(1, 0, 0);
-    EXPECT_EQ(table.getRowCount(), 3u);
+    rows.setRowCount(4);
+    rows.removeValuesFromRow(1, 0, 0);
+    EXPECT_EQ(rows.getRowCount(), 3u);
     for (unsigned r = 0; r < 4; ++r) {
-        EXPECT_EQ(table.getCalValue(r, 1), r < 3 ? int(r) + 2 : 0) << r;
-        EXPECT_EQ(table.getCalValue(r, 0), -1) << "other columns stay";
+        EXPECT_EQ(rows.getCalValue(r, 1), r < 3 ? int(r) + 2 : 0) << r;
+        EXPECT_EQ(rows.getCalValue(r, 0), -1) << "other columns stay";
     }
-    EXPECT_TRUE(sumsToZero(table.getByteArrayData()));
-    IntVector vector("T", 1, 0, 1.0, false);
-    fillColumn(vector, {10, 20, 30, 40, 50});
-    vector.removeValuesFromRow(0, 1, 2);
-    EXPECT_EQ(vector.getRowCount(), 3u);
-    EXPECT_EQ(hex(vector.getByteArrayData().mid(16, 16)),
+    EXPECT_TRUE(sumsToZero(rows.getByteArrayData()));
+    IntVector column("T", 1, 0, 1.0, false);
+    fillColumn(column, {10, 20, 30, 40, 50});
+    column.removeValuesFromRow(0, 1, 2);
+    EXPECT_EQ(column.getRowCount(), 3u);
+    EXPECT_EQ(hex(column.getByteArrayData().mid(16, 16)),
               "0a 00 00 00 28 00 00 00 32 00 00 00 00 00 00 00");
     // Huge counts: rows 1..9 move down, the first row past the capacity brings a zero.
-    fillColumn(vector, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
-    vector.setRowCount(0xFFFFFFFFu);
-    vector.removeValuesFromRow(0, 0, 0);
-    EXPECT_EQ(vector.getRowCount(), 0xFFFFFFFEu);
-    EXPECT_EQ(hex(vector.getByteArrayData().mid(48, 8)), "0a 00 00 00 00 00 00 00");
-    EXPECT_EQ(vector.getCalValue(0, 0), 2);
-    EXPECT_EQ(vector.getByteArrayData().size(), 56);
+    fillColumn(column, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
+    column.setRowCount(0xFFFFFFFFu);
+    column.removeValuesFromRow(0, 0, 0);
+    EXPECT_EQ(column.getRowCount(), 0xFFFFFFFEu);
+    EXPECT_EQ(hex(column.getByteArrayData().mid(48, 8)), "0a 00 00 00 00 00 00 00");
+    EXPECT_EQ(column.getCalValue(0, 0), 2);
+    EXPECT_EQ(column.getByteArrayData().size(), 56);
 }
 
 TEST(TableSetBlock, HeaderIsRebuiltIndexAndDescriptorsAreCopied) {

@@ -146,7 +146,7 @@ TEST(TokenFormRead, RoundTripsForEveryValueType) {
     expectRoundTrip<Misc>("PYM_DCON_VTRIM_VALUE", 12310, 0.25, 3, 1, {6, -1, 2147483647});
 }
 
-TEST(TokenFormRead, DescriptorsAndValuesAsWritten) {
+TEST(TokenFormRead, DescriptorsValuesAndSectionsInAnyOrder) {
     ServiceRecorders services;
     Extended extended(kExtended, 16003, 0, 1.0, false);
     std::string shortText = "AB"; // the rest stays zero bytes and is printed so
@@ -180,18 +180,15 @@ TEST(TokenFormRead, DescriptorsAndValuesAsWritten) {
     readText(data, "ID:  RFBO_ALC_DATA\nCOUNT:  1*3\n1: \t12.5\t7\t8\n");
     EXPECT_EQ(hex(data.getByteArrayData().mid(8, 20)),
               "01 00 00 00 03 00 00 00 0c 00 00 00 00 00 00 00 00 00 00 00");
-}
 
-TEST(TokenFormRead, SectionsInAnyOrderAndTwiceFromOneStream) {
-    ServiceRecorders services;
     AlcFreq freq = alcFreq();
-    AlcData data = alcData();
+    AlcData alc = alcData();
     using Indexed = HwDatablockBaseTemplateIndex<int, int, 27, 20>;
     Indexed indexed("RFBO_ATT_CAL_VEC_DATA", 15843, 0, 1, false);
     indexed.setIndex(3, 0);
     fill(indexed, 1, 1, {9});
     AlcFreq decoy("RFBO_ALC_FREQ_X", 1, 0, 1, false); // a longer name is another block
-    std::stringstream file(printed(decoy) + printed(data) + printed(indexed) + printed(freq));
+    std::stringstream file(printed(decoy) + printed(alc) + printed(indexed) + printed(freq));
     AlcFreq freqIn("RFBO_ALC_FREQ", 15730, 0, 100, false);
     AlcData dataIn("RFBO_ALC_DATA", 15731, 0, 1.0, false);
     Indexed indexedIn("RFBO_ATT_CAL_VEC_DATA", 15843, 0, 1, false);
@@ -199,7 +196,7 @@ TEST(TokenFormRead, SectionsInAnyOrderAndTwiceFromOneStream) {
     dataIn.searchascii(file, dataIn);
     indexedIn.searchascii(file, indexedIn);
     EXPECT_EQ(freqIn.getByteArrayData(), freq.getByteArrayData());
-    EXPECT_EQ(dataIn.getByteArrayData(), data.getByteArrayData());
+    EXPECT_EQ(dataIn.getByteArrayData(), alc.getByteArrayData());
     EXPECT_EQ(indexedIn.getByteArrayData(), indexed.getByteArrayData());
     freqIn.setCalValue(1, 0, 0);
     freqIn.searchascii(file, freqIn);
@@ -213,10 +210,10 @@ TEST(TokenFormRead, SectionsInAnyOrderAndTwiceFromOneStream) {
     readText(dataIn, "ID: RFBO_ALC_DATA\nCOUNT:  1*-1\n1: 5\n");
     EXPECT_EQ(dataIn.getColCount(), 0xFFFFFFFFu);
     // Without the name (and not strict) the block becomes an empty table of id 0.
-    readText(data, "ID:  RFBO_ALC_FREQ\nCOUNT:  1*1\n1:  5\n");
+    readText(alc, "ID:  RFBO_ALC_FREQ\nCOUNT:  1*1\n1:  5\n");
     QByteArray emptyTable = freshImage(0, 176);
     sealChecksum(emptyTable);
-    EXPECT_EQ(hex(data.getByteArrayData()), hex(emptyTable));
+    EXPECT_EQ(hex(alc.getByteArrayData()), hex(emptyTable));
     EXPECT_TRUE(services.errors.signalled.empty());
 }
 
