@@ -53,7 +53,7 @@ const OpaqueRow kRows[] = {
 } // namespace
 
 // One class of each template kind and the unusual factors; sizes worked out from each layout.
-TEST(CalibCatalogue, ClassesCarryTheirNameIdFactorAndSize) {
+TEST(CalibCatalogue, ClassesCarryTheirFactsAndTheRfBoardBlocksTheHeadedLineForm) {
     expectFacts<HwDatablockSAttCTempFreq>("SATT_TEMP_FREQ", 11305, 100, 216);
     expectFacts<HwDatablockMbrdExtCalUserDataA>("EXT_CAL_USER_DATA_A", 14805, 1, 15776);
     expectFacts<HwDatablockStereocoderCo>("STEREOCODER_CO", 15690, 1, 28);
@@ -84,10 +84,8 @@ TEST(CalibCatalogue, ClassesCarryTheirNameIdFactorAndSize) {
     level.setColCount(3);
     EXPECT_EQ(printed(level), "ID:  RFBO_RFLEVEL_MAX_DATA\nCOUNT:  2*3\n"
                               "1: \t-12.340\t5.500\t0.000\n2: \t-3.210\t1.230\t19.750\n\n");
-}
 
-TEST(CalibCatalogue, HeadedLineFormOfTheRfBoardBlocks) {
-    ServiceRecorders services;
+    // The headed line form of the RF board blocks.
     HwDatablockKivRfboAttCalFreq freq; // 100 Hz units
     freq.setCalValue(1000.0, 0, 0);
     freq.setCalValue(2500.5, 1, 0);

@@ -21,12 +21,6 @@ const HwSDatablockIqOp3RfmCalibDataMisc kSample = sealed(HwSDatablockIqOp3RfmCal
     0,     0,   0, 0, 640, 127, 0,  0,    0,           0,    0,       0,       0,       0, 0,
     65535, 3,   0, 0, 0,   0,   0,  0,    0,           0,    0,       0,       65535});
 
-QByteArray floatBytes(float value) {
-    QByteArray out(4, '\0');
-    putAt<float>(out, 0, value);
-    return out;
-}
-
 // The scalar fields and the last element of each array.
 const struct {
     const char* what;
@@ -38,10 +32,10 @@ const struct {
     {"lev att 15", [](Misc& b) { b.setToleranceLevAtt_15(0x0304); }, 10, bytesOf({4, 3})},
     {"lev att 30", [](Misc& b) { b.setToleranceLevAtt_30_45(0x0506); }, 12, bytesOf({6, 5})},
     {"det att", [](Misc& b) { b.setToleranceDetAtt(0x0708); }, 14, bytesOf({8, 7})},
-    {"full scale", [](Misc& b) { b.setDetFullScale(-1.5f); }, 16, floatBytes(-1.5f)},
+    {"full scale", [](Misc& b) { b.setDetFullScale(-1.5f); }, 16, bytesOf({0, 0, 0xc0, 0xbf})},
     {"states", [](Misc& b) { b.setNumberOfOperatingStates(8); }, 20, bytesOf({8, 0, 0, 0})},
-    {"pmax 11", [](Misc& b) { b.setPmaxBz(7, 11); }, 68, floatBytes(7.0f)},
-    {"uiq 11", [](Misc& b) { b.setUiqBz(0.25f, 11); }, 116, floatBytes(0.25f)},
+    {"pmax 11", [](Misc& b) { b.setPmaxBz(7, 11); }, 68, bytesOf({0, 0, 0xe0, 0x40})},
+    {"uiq 11", [](Misc& b) { b.setUiqBz(0.25f, 11); }, 116, bytesOf({0, 0, 0x80, 0x3e})},
     {"lcon 11", [](Misc& b) { b.setLconReserveBz(0xA3A4, 11); }, 142, bytesOf({0xA4, 0xA3})},
     {"det 11", [](Misc& b) { b.setDetReserveBz(0xB3B4, 11); }, 166, bytesOf({0xB4, 0xB3})}};
 

@@ -48,7 +48,7 @@ TEST(LineForm, IndexedRowsRoundTripComplaintsAndValuesAsWritten) {
     source.setRowCount(2);
     source.setColCount(3);
     const std::string printout = printed(source);
-    EXPECT_EQ(printout, fixture("line_index.txt"));
+    EXPECT_EQ(printout, golden("templates/line_index.txt"));
     AttCalVec twin = attCalVec();
     for (int pass = 0; pass < 2; ++pass) { // a second read rewinds
         EXPECT_EQ(readText(twin, printout), "");

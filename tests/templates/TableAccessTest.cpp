@@ -266,7 +266,7 @@ TEST(TableRemove, RemoveFromColAndRowCloseTheGap) {
     EXPECT_EQ(column.getByteArrayData().size(), 56);
 }
 
-TEST(TableSetBlock, HeaderIsRebuiltIndexAndDescriptorsAreCopied) {
+TEST(TableSetBlock, HeaderIsRebuiltIndexDescriptorsAndVariants) {
     ServiceRecorders services;
     AlcData block("RFBO_ALC_DATA", 15731, 0, 1.0, false);
     QByteArray image = alcImage();
@@ -329,10 +329,7 @@ TEST(TableSetBlock, HeaderIsRebuiltIndexAndDescriptorsAreCopied) {
     EXPECT_EQ(now.mid(24, 16), QByteArray("0123456789abcdef"));
     EXPECT_EQ(now.mid(40), withText.mid(40));
     EXPECT_TRUE(sumsToZero(now));
-}
 
-TEST(TableSetBlock, WexWSealsWhatItTakesWithoutChecksumKeepsTheChecksumWord) {
-    ServiceRecorders services;
     using WexW = HwDatablockBaseTemplateWexW<float, double, 50, 7>;
     char name[] = "IQ_IMBALANCE";
     WexW wexw(name, 15606, 0, 1.0, false);

@@ -13,15 +13,10 @@
 namespace Tupsim {
 namespace test {
 
-inline std::string fixture(const std::string& name) {
-    return golden("templates/" + name);
-}
-
 // A zeroed image of `size` bytes with id, size and counts in place, to be sealed by the caller.
-inline QByteArray tableImage(int size, unsigned id, unsigned rows, unsigned cols,
+inline QByteArray tableImage(unsigned short size, unsigned short id, unsigned rows, unsigned cols,
                              int countsAt = 8) {
-    QByteArray image =
-        freshImage(static_cast<unsigned short>(id), static_cast<unsigned short>(size));
+    QByteArray image = freshImage(id, size);
     putAt<unsigned>(image, countsAt, rows);
     putAt<unsigned>(image, countsAt + 4, cols);
     return image;

@@ -164,7 +164,7 @@ std::vector<std::string> numberTexts() {
 
 } // namespace
 
-TEST(TextCursor, ReadsNumbersAsTheStreamsDo) {
+TEST(TextCursor, ReadsNumbersAsTheStreamsDoAndWordsCharactersAndPositions) {
     int mismatches = 0;
     for (const std::string& text : numberTexts()) {
         expectSameReads<short>(text, mismatches);
@@ -182,12 +182,10 @@ TEST(TextCursor, ReadsNumbersAsTheStreamsDo) {
         expectSameReads<float>(text, mismatches);
     }
     EXPECT_EQ(mismatches, 0);
-}
 
-TEST(TextCursor, WordsCharactersAndPositions) {
-    const std::string text = "ID:  NAME\nCOUNT: 2*3\n5.000 7.5";
-    std::istringstream stream(text);
-    TextCursor cursor(text);
+    const std::string words = "ID:  NAME\nCOUNT: 2*3\n5.000 7.5";
+    std::istringstream stream(words);
+    TextCursor cursor(words);
     std::string a;
     std::string b;
     for (int i = 0; i < 4; ++i) {
@@ -202,11 +200,11 @@ TEST(TextCursor, WordsCharactersAndPositions) {
     EXPECT_TRUE(cursor.get(c));
     EXPECT_EQ(c, '3');
     // Whole numbers may carry a fraction of zeros; anything else fails the cursor.
-    int value = 0;
-    cursor >> value;
+    int number = 0;
+    cursor >> number;
     EXPECT_TRUE(skipZeroFraction(cursor));
-    cursor >> value;
-    EXPECT_EQ(value, 7);
+    cursor >> number;
+    EXPECT_EQ(number, 7);
     EXPECT_FALSE(skipZeroFraction(cursor));
     EXPECT_TRUE(cursor.fail());
     cursor.clear();
@@ -214,10 +212,10 @@ TEST(TextCursor, WordsCharactersAndPositions) {
     EXPECT_TRUE(cursor.fail() && cursor.eof());
     EXPECT_EQ(cursor.tell(), -1);
     EXPECT_FALSE(cursor.word(b));
-    // A number that ends the text leaves eofbit; the next peek fails the cursor, as a stream.
+    // A number that ends the words leaves eofbit; the next peek fails the cursor, as a stream.
     const std::string five = "5";
     TextCursor last(five);
-    last >> value;
+    last >> number;
     EXPECT_TRUE(last.eof() && !last.fail());
     EXPECT_FALSE(skipZeroFraction(last) && !last.fail());
 }

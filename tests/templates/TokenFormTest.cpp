@@ -67,15 +67,15 @@ void expectRoundTrip(const char* name, int id, double factor, unsigned rows, uns
 }
 } // namespace
 
-TEST(TokenFormOutput, EveryKindAndShapeOfTableUpToTheCapacity) {
+TEST(TokenForm, EveryKindAndShapeOfTableUpToTheCapacityAndRoundTrips) {
     AlcFreq freq = alcFreq();
-    EXPECT_EQ(printed(freq), fixture("token_vector.txt"));
+    EXPECT_EQ(printed(freq), golden("templates/token_vector.txt"));
     AlcData data = alcData();
-    EXPECT_EQ(printed(data), fixture("token_table.txt"));
+    EXPECT_EQ(printed(data), golden("templates/token_table.txt"));
     AlcData other("OTHER_NAME", 1, 0, 1.0, false);
     std::ostringstream converted; // conv2ascii names this block with the source's cells
     other.conv2ascii(converted, data);
-    EXPECT_EQ(converted.str(), "ID:  OTHER_NAME" + fixture("token_table.txt").substr(18));
+    EXPECT_EQ(converted.str(), "ID:  OTHER_NAME" + golden("templates/token_table.txt").substr(18));
     AlcData empty("RFBO_ALC_DATA", 15731, 0, 1.0, false);
     EXPECT_EQ(printed(empty), "ID:  RFBO_ALC_DATA\nCOUNT:  0*0\n\n");
     // Equal counts still give one line per row; more rows than columns one line per cell.
@@ -90,12 +90,13 @@ TEST(TokenFormOutput, EveryKindAndShapeOfTableUpToTheCapacity) {
         std::string text = "DESC" + std::to_string(i) + "___________";
         extended.setDescriptor(i, text);
     }
-    EXPECT_EQ(printed(fill(extended, 2, 3, {1, 2, 3, 4, 5, -6})), fixture("token_extended.txt"));
+    EXPECT_EQ(printed(fill(extended, 2, 3, {1, 2, 3, 4, 5, -6})),
+              golden("templates/token_extended.txt"));
     char name[] = "IQ_IMBALANCE";
     WexW wexw(name, 15606, 0, 1.0, false);
-    EXPECT_EQ(printed(fill(wexw, 2, 1, {0.5, -1.25})), fixture("token_wexw.txt"));
+    EXPECT_EQ(printed(fill(wexw, 2, 1, {0.5, -1.25})), golden("templates/token_wexw.txt"));
     Misc misc("PYM_DCON_VTRIM_VALUE", 12310, 0, 0.25, false);
-    EXPECT_EQ(printed(fill(misc, 3, 1, {6, -1, 2147483647})), fixture("token_misc.txt"));
+    EXPECT_EQ(printed(fill(misc, 3, 1, {6, -1, 2147483647})), golden("templates/token_misc.txt"));
     // A value wider than the 20-character buffer is cut at its end.
     HwDatablockTemplate<MiscData<int, 1, 1>, int, double, 1, 1> big("PYM_DCON_LEVELPRE2", 12311, 0,
                                                                     1e9, false);
@@ -127,9 +128,7 @@ TEST(TokenFormOutput, EveryKindAndShapeOfTableUpToTheCapacity) {
     EXPECT_EQ(printed(data), "ID:  RFBO_ALC_DATA\nCOUNT:  4294967295*0\n\n");
     data.setRowCount(3);
     EXPECT_TRUE(readSection(data, printed(data)).ok());
-}
 
-TEST(TokenFormRead, RoundTripsForEveryValueType) {
     expectRoundTrip<Base<char, double, 12, 1>>("CHARS", 15850, 1, 3, 1, {-128, 127, 5});
     expectRoundTrip<Base<short, short, 6, 1>>("SHORTS", 15690, 1, 6, 1, {-32768, 32767, 0, -1});
     expectRoundTrip<Base<unsigned short, double, 64, 50>>("LEVCON", 15853, 1, 2, 3,
