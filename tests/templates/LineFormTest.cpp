@@ -6,6 +6,7 @@
 #include <HwDatablockBaseTemplateIndex.h>
 
 #include <algorithm>
+#include <tuple>
 
 using namespace Tupsim;
 using namespace Tupsim::test;
@@ -196,12 +197,8 @@ TEST(LineFormReadSection, KeepsComplaintsRefusesBadCountsAndCorruptCountsPrintBo
     block.setCalValue(42, 0, 0);
     const QByteArray before = block.getByteArrayData();
     using S = TextReadStatus;
-    const struct {
-        std::string text;
-        S::Code code;
-        std::string key;
-        std::string message;
-    } cases[] = {
+    // The text, the status code and key and the message, with the complaints.
+    const std::tuple<std::string, S::Code, std::string, std::string> cases[] = {
         {"COUNT:  1*1\n1: 5\n", S::MissingKey, kName,
          "line 2: can not find 'RFBO_ATT_CAL_VEC_DATA'; line 2: " + kNoId},
         {kId + "\n\n", S::MissingKey,
@@ -211,12 +208,12 @@ TEST(LineFormReadSection, KeepsComplaintsRefusesBadCountsAndCorruptCountsPrintBo
         {kId + "COUNT:  0*21\n", S::CountTooHigh, "",
          "line 2: column count 21 above the capacity 20"},
         {kId + "COUNT:  0*-1\n", S::CountNegative, "", "line 2: column count -1 is negative"}};
-    for (const auto& c : cases) {
-        const TextReadStatus status = readSection(block, c.text);
-        EXPECT_EQ(status.code, c.code) << c.text;
-        EXPECT_EQ(status.key, c.key) << c.text;
-        EXPECT_EQ(status.message(), c.message) << c.text;
-        EXPECT_EQ(block.getByteArrayData(), before) << c.text;
+    for (const auto& [text, code, key, message] : cases) {
+        const TextReadStatus status = readSection(block, text);
+        EXPECT_EQ(status.code, code) << text;
+        EXPECT_EQ(status.key, key) << text;
+        EXPECT_EQ(status.message(), message) << text;
+        EXPECT_EQ(block.getByteArrayData(), before) << text;
     }
     EXPECT_TRUE(readSection(block, kId + "COUNT:  0*20\n").ok()); // at the capacity is fine
     EXPECT_EQ(block.getColCount(), 20u);

@@ -11,6 +11,7 @@
 #include "templates/HwDatablockTemplateWithoutChecksum.h"
 
 #include <limits>
+#include <tuple>
 
 using namespace Tupsim;
 using namespace Tupsim::test;
@@ -76,12 +77,10 @@ void readFrom(std::istringstream& in, const QByteArray& bytes, AlcFreq& block) {
 
 TEST(TableLayout, OneInstantiationOfEachKindAndTheScalingOfEachValueType) {
     expectLayout<Base<char, double, 12, 1>>(28);
-    expectLayout<Base<double, double, 200, 1>>(1616);
     expectLayout<Indexed>(2284);
     expectLayout<HwDatablockBaseTemplateExtended<short, int, 10, 13, 600>>(15776);
     expectLayout<HwDatablockBaseTemplateWexW<float, double, 50, 7>>(1416);
     expectLayout<HwDatablockTemplate<MiscData<int, 1, 1>, int, double, 1, 1>>(20);
-    expectLayout<HwDatablockTemplate<MiscData<int, 50, 200>, int, double, 50, 200>>(40016);
     expectLayout<HwDatablockTemplateWithoutChecksum<MiscData<unsigned char, 1, 2048>, unsigned char,
                                                     double, 1, 2048>>(2064);
     Base<int, int, 4, 292> block("RFBO_EXT_CAL_VEC_DATA", 15841, 2, 0.5, true);
@@ -152,24 +151,18 @@ TEST(TableCapacity, SettersAndTheSearchStayInsideTheCapacity) {
 
     IntVector vector("T", 1, 0, 1.0, false);
     fillColumn(vector, {5, 10, 10, 20});
-    const struct {
-        int value;
-        int op;
-        unsigned row; // 1-based, 0 when nothing matches
-        bool found;
-    } cases[] = {
+    // Value, operator, the row returned (1-based, 0 when nothing matches) and whether found.
+    const std::tuple<int, int, unsigned, bool> cases[] = {
         {10, IntVector::HwRelEqual, 2, true},        {5, IntVector::HwRelEqual, 1, true},
         {7, IntVector::HwRelEqual, 0, false},        {10, IntVector::HwRelGreater, 3, true},
         {10, IntVector::HwRelLess, 0, true},         {10, IntVector::HwRelGreaterEqual, 2, true},
         {11, IntVector::HwRelGreaterEqual, 3, true}, {9, IntVector::HwRelLessEqual, 0, true},
         {4, IntVector::HwRelLessEqual, 0, false},    {10, 5, 0, false}};
-    for (const auto& c : cases) {
-        found = !c.found;
-        EXPECT_EQ(vector.findFirstValueInCol(c.value, 0, found,
-                                             static_cast<IntVector::THwERelationOperator>(c.op)),
-                  c.row)
-            << c.value << " op " << c.op;
-        EXPECT_EQ(found, c.found) << c.value << " op " << c.op;
+    for (const auto& [value, op, row, wasFound] : cases) {
+        found = !wasFound;
+        const auto relation = static_cast<IntVector::THwERelationOperator>(op);
+        EXPECT_EQ(vector.findFirstValueInCol(value, 0, found, relation), row) << value << " " << op;
+        EXPECT_EQ(found, wasFound) << value << " op " << op;
     }
     vector.setRowCount(0); // the first row is examined all the same
     EXPECT_EQ(vector.findFirstValueInCol(5, 0, found, IntVector::HwRelEqual), 1u);

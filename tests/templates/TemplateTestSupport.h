@@ -5,10 +5,8 @@
 
 #include <TextReadStatus.h>
 
-#include <QByteArray>
 #include <gtest/gtest.h>
 #include <sstream>
-#include <string>
 
 namespace Tupsim {
 namespace test {

@@ -13,6 +13,7 @@
 #include <random>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 using namespace Tupsim::detail;
@@ -70,32 +71,26 @@ std::vector<double> randomValues() {
 } // namespace
 
 TEST(FixedNumber, MatchesPrintfForEveryFormatOfTheForms) {
-    const struct {
-        const char* printf;
-        int precision;
-        int width;
-        int bufferSize;
-    } formats[] = {{"%.3f", 3, 0, 129},
-                   {"%.10f", 10, 0, 129},
-                   {"%.5f", 5, 0, 20},
-                   {"%21.10f", 10, 21, 0},
-                   {"%.3f", 3, 0, 0}};
+    // printf's format, precision, width and buffer size (0: none) of each form.
+    const std::tuple<const char*, int, int, int> formats[] = {{"%.3f", 3, 0, 129},
+                                                              {"%.10f", 10, 0, 129},
+                                                              {"%.5f", 5, 0, 20},
+                                                              {"%21.10f", 10, 21, 0},
+                                                              {"%.3f", 3, 0, 0}};
     std::vector<double> values = edgeValues();
     const std::vector<double> random = randomValues();
     values.insert(values.end(), random.begin(), random.end());
-    for (const auto& format : formats) {
+    for (const auto& [format, precision, width, bufferSize] : formats) {
         int mismatches = 0;
         for (double value : values) {
-            const std::string cut =
-                printed(format.printf, format.bufferSize > 0 ? format.bufferSize : 400, value);
+            const std::string cut = printed(format, bufferSize > 0 ? bufferSize : 400, value);
             std::string text = "<";
-            appendFixed(text, value, format.precision, format.width, format.bufferSize);
+            appendFixed(text, value, precision, width, bufferSize);
             if (text != "<" + cut && ++mismatches < 5)
-                ADD_FAILURE() << format.printf << " in " << format.bufferSize << ": "
-                              << printed("%a", 64, value) << " gives '" << text.substr(1)
-                              << "', printf '" << cut << "'";
+                ADD_FAILURE() << format << " in " << bufferSize << ": " << printed("%a", 64, value)
+                              << " gives '" << text.substr(1) << "', printf '" << cut << "'";
         }
-        EXPECT_EQ(mismatches, 0) << format.printf;
+        EXPECT_EQ(mismatches, 0) << format;
     }
     EXPECT_EQ(fixedNumber(0.125, 2), "0.12");
     EXPECT_EQ(fixedNumber(-std::nan(""), 10, 21), "                 -nan");
