@@ -57,24 +57,14 @@ TEST(ByteOrder, GenericPassReversesElementsAndKeepsHeadersAndTexts) {
 }
 
 TEST(ByteOrder, HostileImagesEndTheWalk) {
-    // 65535 rows by 65535 columns of INT32 in a 100-byte image
-    QByteArray image(100, '\0');
-    image[14] = image[15] = image[16] = image[17] = static_cast<char>(0xFF);
-    image[18] = INT32;
-    image[19] = INT32;
-    HwDatablock block(false);
-    load(block, image);
-    block.swapBlock(HwDataFormatConverted, 0, nullptr);
-    EXPECT_EQ(block.getByteArrayData().size(), 100);
-
     // column types that take no bytes, and a huge row count: the walk must not spin
+    HwDatablock block(false);
     QByteArray empty(40, '\0');
     empty[14] = empty[15] = static_cast<char>(0xFF);
     empty[17] = 2;
     empty[20] = 99; // unknown type codes
-    empty[21] = 0;
     load(block, empty);
-    block.swapBlock(HwDataFormatReference, 0, nullptr);
+    block.swapBlock(HwDataFormatConverted, 0, nullptr);
     EXPECT_EQ(block.getByteArrayData(), empty);
 
     // images shorter than the header
@@ -105,8 +95,7 @@ TEST(ByteOrder, SwapDataToChoosesTheConverter) {
 
     // form 1 with id 20000 or more: the generic pass
     QByteArray high = image;
-    high[0] = 0x20;
-    high[1] = 0x4E; // id 20000 least significant first
+    putAt<unsigned short>(high, 0, 20000);
     load(block, high);
     block.swapDataTo(HwDataFormatReference, 20000, &block);
     EXPECT_EQ(block.getDataFormatTyp(), HwDataFormatReference);
@@ -118,12 +107,8 @@ TEST(ByteOrder, SwapDataToChoosesTheConverter) {
     block.swapDataTo(HwDataFormatConverted, 20000, &block);
     EXPECT_EQ(block.getDataFormatTyp(), HwDataFormatReference); // CRC wrong: old-style, unknown
     QByteArray sealed = high;
-    sealed[2] = 0x38;
-    sealed[3] = 0x00; // size 56 as the little-endian header reads it
-    load(block, sealed);
-    const unsigned crc = block.computeChecksum32();
-    for (int i = 0; i < 4; ++i)
-        sealed[8 + i] = static_cast<char>((crc >> (8 * i)) & 0xFF);
+    putAt<unsigned short>(sealed, 2, 56); // the size as the little-endian header reads it
+    sealCrc(sealed);
     load(block, sealed);
     block.swapDataTo(HwDataFormatConverted, 0, &block);
     EXPECT_EQ(block.getDataFormatTyp(), HwDataFormatConverted);
@@ -134,26 +119,4 @@ TEST(ByteOrder, SwapDataToChoosesTheConverter) {
     block.swapDataTo(HwDataFormatConverted, 0, &block);
     EXPECT_TRUE(services.debug.lines.empty());
     block.swapDataTo(HwDataFormatReference, 0, nullptr);
-}
-
-TEST(ByteOrder, ChecksumOfAConvertedSelfDescribingBlockIsTakenInTheReferenceForm) {
-    ServiceRecorders services;
-    HwDatablock block(false);
-    QByteArray image = sampleImage();
-    image[0] = 0x20;
-    image[1] = 0x4E;
-    image[2] = 0x38;
-    image[3] = 0x00;
-    load(block, image);
-    const unsigned sealed = block.computeChecksum32();
-    for (int i = 0; i < 4; ++i)
-        image[8 + i] = static_cast<char>((sealed >> (8 * i)) & 0xFF);
-    sealChecksum(image);
-    load(block, image);
-    ASSERT_TRUE(block.verifyChecksum());
-    const unsigned crc = block.computeChecksum32();
-    block.swapBlock(HwDataFormatConverted, 0, nullptr);
-    EXPECT_TRUE(block.verifyChecksum());
-    EXPECT_EQ(block.getDataFormatTyp(), HwDataFormatConverted); // converted back afterwards
-    EXPECT_EQ(block.computeChecksum32(), crc);
 }

@@ -1,4 +1,4 @@
-// Checksum kernels against the byte-at-a-time table and zlib, at every length and alignment.
+// Checksum kernels against zlib and a word-by-word sum, at every length and alignment.
 #include "core/Checks.h"
 #include "support/Bytes.h"
 
@@ -11,18 +11,6 @@ using namespace Tupsim;
 
 namespace {
 
-// The block's own 256-entry table, one byte at a time.
-constexpr quint32 kTable[256] = {
-#include "core/Crc32Table.def"
-};
-
-quint32 referenceCrc(quint32 crc, const unsigned char* p, std::size_t n) {
-    crc = ~crc;
-    for (std::size_t i = 0; i < n; ++i)
-        crc = kTable[(crc ^ p[i]) & 0xFF] ^ (crc >> 8);
-    return ~crc;
-}
-
 quint16 referenceSum(const unsigned char* p, std::size_t n) {
     quint16 sum = 0;
     for (std::size_t i = 0; i + 1 < n; i += 2)
@@ -30,10 +18,9 @@ quint16 referenceSum(const unsigned char* p, std::size_t n) {
     return sum;
 }
 
-// Every kernel at one view; the view is the only part of `store` it may read.
+// Every kernel at one view; the view is the only part of the buffer it may read.
 void expectAllAgree(const unsigned char* p, std::size_t n) {
     const quint32 zlibCrc = static_cast<quint32>(crc32(0L, p, static_cast<uInt>(n)));
-    ASSERT_EQ(referenceCrc(0, p, n), zlibCrc) << n;
     ASSERT_EQ(checks::crc32(0, p, n), zlibCrc) << n;
     ASSERT_EQ(checks::crc32SliceBy8(0, p, n), zlibCrc) << n;
     ASSERT_EQ(checks::crc32Bytewise(0, p, n), zlibCrc) << n;
@@ -53,13 +40,6 @@ std::vector<unsigned char> randomBytes(std::size_t n, unsigned seed) {
 
 } // namespace
 
-TEST(ChecksKernels, TableIsTheStandardOne) {
-    EXPECT_EQ(kTable[1], 0x77073096u);
-    EXPECT_EQ(kTable[255], 0x2D02EF8Du);
-    const unsigned char check[] = "123456789";
-    EXPECT_EQ(checks::crc32(0, check, 9), 0xCBF43926u);
-}
-
 TEST(ChecksKernels, EveryLengthUpTo300AtEveryAlignment) {
     // A view that ends where the allocation ends: the address sanitizer sees any overread.
     const std::vector<unsigned char> source = randomBytes(300 + 15, 7);
@@ -72,29 +52,29 @@ TEST(ChecksKernels, EveryLengthUpTo300AtEveryAlignment) {
 }
 
 TEST(ChecksKernels, LargeBuffersAndExtremeBytes) {
-    for (std::size_t n : {1024u, 4096u + 13u, 32768u, 65536u + 7u, (1u << 20) + 3u}) {
+    for (std::size_t n : {4096u + 13u, 65536u + 7u, (1u << 20) + 3u}) {
         const std::vector<unsigned char> data = randomBytes(n + 15, static_cast<unsigned>(n));
-        for (std::size_t align : {0u, 1u, 8u, 15u})
+        for (std::size_t align : {0u, 1u, 15u})
             expectAllAgree(data.data() + align, n);
     }
     // All ones: every 16-bit lane wraps many times over.
-    const std::vector<unsigned char> ones(70001, 0xFF);
-    expectAllAgree(ones.data(), ones.size());
-    const std::vector<unsigned char> zeros(70001, 0);
-    expectAllAgree(zeros.data(), zeros.size());
+    for (unsigned char fill : {0x00, 0xFF}) {
+        const std::vector<unsigned char> same(70001, fill);
+        expectAllAgree(same.data(), same.size());
+    }
 }
 
-TEST(ChecksKernels, ChainingSplitsAnywhere) {
+TEST(ChecksKernels, CheckValueChainingBlockChecksumAndNullViews) {
+    const unsigned char check[] = "123456789";
+    EXPECT_EQ(checks::crc32(0, check, 9), 0xCBF43926u);
     const std::vector<unsigned char> data = randomBytes(1000, 3);
     const quint32 whole = checks::crc32(0, data.data(), data.size());
-    for (std::size_t cut : {0u, 1u, 63u, 64u, 65u, 500u, 999u, 1000u})
+    for (std::size_t cut : {0u, 1u, 64u, 999u, 1000u})
         EXPECT_EQ(
             checks::crc32(checks::crc32(0, data.data(), cut), data.data() + cut, data.size() - cut),
             whole)
             << cut;
-}
 
-TEST(ChecksKernels, BlockChecksumAndNullViews) {
     // id 1, size 8, checksum 0xABCD (not counted), alignment 0
     const unsigned char header[8] = {1, 0, 8, 0, 0xCD, 0xAB, 0, 0};
     EXPECT_EQ(checks::blockChecksum(header, 8), 0xFFF7);

@@ -1,6 +1,5 @@
 // Block record: header accessors on short images, setters, data transfers, dumps.
-#include "support/Bytes.h"
-#include "support/Recorders.h"
+#include "support/Blocks.h"
 
 #include <HwDatablock.h>
 
@@ -10,16 +9,28 @@
 using namespace Tupsim;
 using namespace Tupsim::test;
 
-TEST(HwDatablock, FreshBlockHasTheEightByteHeader) {
+TEST(HwDatablock, FreshHeaderAndSettersThatKeepTheChecksumValid) {
+    ServiceRecorders services;
     HwDatablock block(true);
     EXPECT_EQ(hex(block.getByteArrayData()), "00 00 08 00 00 00 00 00");
-    EXPECT_EQ(block.getId(), 0u);
     EXPECT_EQ(block.getBlockSize(), 8);
-    EXPECT_EQ(block.getChecksum(), 0);
-    EXPECT_EQ(block.getAlignment(), 0);
     EXPECT_TRUE(block.getStopConversionOnError());
     EXPECT_EQ(block.getDataFormatTyp(), HwDataFormatReference);
     EXPECT_EQ(block.getDatablockClassTyp(), HwDatablockClassNone);
+    block.setBlockId(10000);
+    EXPECT_EQ(hex(block.getByteArrayData()), "10 27 08 00 e8 d8 00 00");
+    block.setBlockSize(0x0C0A);
+    EXPECT_EQ(hex(block.getByteArrayData()), "10 27 0a 0c e6 cc 00 00");
+    block.setAlignment(4);
+    EXPECT_EQ(block.getAlignment(), 4);
+    EXPECT_TRUE(block.verifyChecksum());
+    block.setChecksum(0x1111);
+    EXPECT_EQ(hex(block.getByteArrayData()), "10 27 0a 0c 11 11 04 00");
+    EXPECT_FALSE(block.verifyChecksum());
+
+    load(block, bytesOf({0xFF, 0xFF, 0x40, 0x00})); // the end id reports size four
+    EXPECT_EQ(block.getBlockSize(), 4);
+    EXPECT_EQ(block.getMagicIdentifierEventCount(), 0x452D0004u);
 }
 
 TEST(HwDatablock, ShortImagesReadAsZeroAndSettersDoNothing) {
@@ -27,48 +38,26 @@ TEST(HwDatablock, ShortImagesReadAsZeroAndSettersDoNothing) {
     HwDatablock block(false);
     // id 0x0201, size 0x0403, checksum 0x0605, alignment 0x0807, cut to each length
     const QByteArray full = bytesOf({0x01, 0x02, 0x03, 0x04, 0x05, 0x06, 0x07, 0x08});
-    block.setDataWithoutChecksumCheck(reinterpret_cast<const unsigned char*>(full.data()), 1);
+    load(block, full.left(1));
     EXPECT_EQ(block.getId(), 0u);
     block.setBlockId(0x1234);
     EXPECT_EQ(hex(block.getByteArrayData()), "01");
-    block.setDataWithoutChecksumCheck(reinterpret_cast<const unsigned char*>(full.data()), 3);
+    load(block, full.left(3));
     EXPECT_EQ(block.getId(), 0x0201u);
     EXPECT_EQ(block.getBlockSize(), 0);
     block.setBlockSize(99);
     EXPECT_EQ(hex(block.getByteArrayData()), "01 02 03");
-    block.setDataWithoutChecksumCheck(reinterpret_cast<const unsigned char*>(full.data()), 5);
+    load(block, full.left(5));
     EXPECT_EQ(block.getBlockSize(), 0x0403);
     EXPECT_EQ(block.getChecksum(), 0);
-    block.setDataWithoutChecksumCheck(reinterpret_cast<const unsigned char*>(full.data()), 7);
+    load(block, full.left(7));
     EXPECT_EQ(block.getChecksum(), 0x0605);
     EXPECT_EQ(block.getAlignment(), 0);
     block.setAlignment(3);
     EXPECT_EQ(hex(block.getByteArrayData()), "01 02 03 04 05 06 07");
-    block.setDataWithoutChecksumCheck(reinterpret_cast<const unsigned char*>(full.data()), 0);
+    load(block, QByteArray());
     EXPECT_EQ(block.getId(), 0u);
     EXPECT_EQ(block.getChecksum32(), 0u);
-}
-
-TEST(HwDatablock, EndIdReportsSizeFour) {
-    HwDatablock block(false);
-    block.setDataWithoutChecksumCheck(
-        reinterpret_cast<const unsigned char*>(bytesOf({0xFF, 0xFF, 0x40, 0x00}).constData()), 4);
-    EXPECT_EQ(block.getBlockSize(), 4);
-    EXPECT_EQ(block.getMagicIdentifierEventCount(), 0x452D0004u);
-}
-
-TEST(HwDatablock, HeaderSettersKeepTheChecksumValid) {
-    ServiceRecorders services;
-    HwDatablock block(false);
-    block.setBlockId(10000);
-    EXPECT_EQ(hex(block.getByteArrayData()), "10 27 08 00 e8 d8 00 00");
-    EXPECT_TRUE(block.verifyChecksum());
-    block.setAlignment(4);
-    EXPECT_TRUE(block.verifyChecksum());
-    block.setBlockSizeWithoutCalcChecksumm(8); // same value, checksum untouched
-    block.setChecksum(0x1111);
-    EXPECT_EQ(block.getChecksum(), 0x1111);
-    EXPECT_FALSE(block.verifyChecksum());
 }
 
 TEST(HwDatablock, DataTransfers) {
@@ -109,8 +98,7 @@ TEST(HwDatablock, DataTransfers) {
 
 TEST(HwDatablock, PrintToStreamWritesSixtyOneThenSixtyBytesPerLine) {
     HwDatablock block(false);
-    QByteArray image(121, 'a');
-    block.setDataWithoutChecksumCheck(reinterpret_cast<const unsigned char*>(image.data()), 121);
+    load(block, QByteArray(121, 'a'));
     std::ostringstream out;
     block.printToStream(out);
     EXPECT_EQ(out.str(), "\n" + std::string(61, 'a') + "\n" + std::string(60, 'a') + "\n");
