@@ -19,30 +19,18 @@ public:
     ~RecordingStore() override { clear(); }
     unsigned int getNumberOfBlocks() const override { return unsigned(blocks.size()); }
     HwDatablock* getBlock(unsigned int index) const override {
-        auto it = blocks.find(index);
-        return it == blocks.end() ? nullptr : it->second;
+        return hasBlock(index) ? blocks.at(index).get() : nullptr;
     }
     bool hasBlock(unsigned int index) const override { return blocks.count(index) != 0; }
     HwDatablock* takeBlock(unsigned int index) override {
-        HwDatablock* block = getBlock(index);
+        HwDatablock* block = hasBlock(index) ? blocks[index].release() : nullptr;
         blocks.erase(index);
         return block;
     }
-    void clear() override {
-        for (auto& entry : blocks)
-            delete entry.second;
-        blocks.clear();
-    }
-    void storeBlock(unsigned int index, HwDatablock* block) override {
-        delete takeBlock(index);
-        blocks[index] = block;
-    }
-    std::map<unsigned int, HwDatablock*> blocks;
+    void clear() override { blocks.clear(); }
+    void storeBlock(unsigned int index, HwDatablock* block) override { blocks[index].reset(block); }
+    std::map<unsigned int, std::unique_ptr<HwDatablock>> blocks;
 };
-
-QByteArray element(std::initializer_list<int> bytes) {
-    return bytesOf(bytes);
-}
 
 } // namespace
 
@@ -64,7 +52,7 @@ TEST(CommonDatablockAccess, WalksHeaderAndTable) {
     ASSERT_EQ(rows.size(), 2);
     EXPECT_EQ(rows[0], (QStringList{"42", "abc", "1.2345"}));
     EXPECT_EQ(rows[1], (QStringList{"-1", "vwxyz", "-1.2345"}));
-    EXPECT_EQ(access->getBlockDescription(0)->values[2][1], element({0xC7, 0xCF, 0xFF, 0xFF}));
+    EXPECT_EQ(access->getBlockDescription(0)->values[2][1], bytesOf({0xC7, 0xCF, 0xFF, 0xFF}));
 
     // Out of range: the trailing description is the empty table in progress.
     EXPECT_EQ(access->getRowIdType(5), NONE);
@@ -170,60 +158,6 @@ TEST(CommonDatablockAccess, WalksTablesPackedBackToBack) {
     ASSERT_EQ(rows.size(), 1);
     EXPECT_EQ(rows[0], (QStringList{"3.00", "", "-100"}));
     EXPECT_EQ(access->getRowCount(2), 0u); // the unfinished table does not count
-}
-
-TEST(CommonDatablockAccess, ConvertsEveryTypeToText) {
-    struct Case {
-        ETypeId type;
-        QByteArray bytes;
-        const char* text;
-    };
-    const Case cases[] = {
-        {UINT8, element({0xFF}), "255"},
-        {INT8, element({0x80}), "-128"},
-        {UINT16, element({0xFF, 0xFF}), "65535"},
-        {INT16, element({0x00, 0x80}), "-32768"},
-        {UINT32, element({0x01, 0x00, 0x00, 0x00}), "1"},
-        {INT32, element({0xFE, 0xFF, 0xFF, 0xFF}), "-2"},
-        {UINT64, element({0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}), "18446744073709551615"},
-        {INT64, element({0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x80}), "-9223372036854775808"},
-        {FLOAT, element({0x00, 0x00, 0x20, 0xC1}), "-10"},
-        {DOUBLE, element({0x6F, 0x12, 0x83, 0xC0, 0xCA, 0x21, 0x09, 0x40}), "3.1415"},
-        {FIX16D1, element({0xF1, 0xFF}), "-1.5"},
-        {FIX16D4, element({0x10, 0x27}), "1.0000"},
-        {FIX32D1, element({0xF1, 0xFF}), "-1.5"}, // two bytes in the image
-        {FIX32D2, element({0x05, 0x00}), "0.05"},
-        {FIX32D3, element({0x18, 0xFC, 0xFF, 0xFF}), "-1.000"},
-        {FIX32D4, element({0x01, 0x00, 0x00, 0x00}), "0.0001"},
-        {CHAR, element({'Q'}), "Q"},
-        {CHAR20, QByteArray("twenty\0\0\0\0\0\0\0\0\0\0\0\0\0\0", 20), "twenty"},
-        {STRING, QByteArray("free text"), "free text"},
-    };
-    CommonDatablockAccess access(nullptr, nullptr, false);
-    HwSBlockDescription table;
-    table.rowCount = 1;
-    for (const Case& c : cases) {
-        table.colTypes.push_back(c.type);
-        table.values.push_back({c.bytes});
-    }
-    table.colCount = quint32(table.colTypes.size());
-    access.addBlock(table);
-    ASSERT_EQ(access.getBlockCount(), 1);
-    const QStringList texts = access.getDataInStringVector(0).value(0);
-    ASSERT_EQ(texts.size(), int(std::size(cases)));
-    for (int i = 0; i < texts.size(); ++i)
-        EXPECT_EQ(texts[i].toStdString(), cases[i].text) << int(cases[i].type);
-
-    // A type without a text form is reported and gives an empty text.
-    HwSBlockDescription odd;
-    odd.rowCount = odd.colCount = 1;
-    odd.colTypes = {99};
-    odd.values = {{element({1, 2})}};
-    access.addBlock(odd);
-    testing::internal::CaptureStderr();
-    EXPECT_EQ(access.getStringColumn(0, 1), QStringList{QString()});
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "CommonDatablockAccess::convValue: type (99) not supported\n");
 }
 
 TEST(CommonDatablockAccess, OverlongTextsAreNotKept) {

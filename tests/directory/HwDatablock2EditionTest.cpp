@@ -1,4 +1,5 @@
-// The self-describing block: both header layouts, types, CRC field, element printing, access.
+// The self-describing block: both header layouts, types, CRC field, element texts, debug pages,
+// access.
 #include "SampleImages.h"
 
 #include <IHwDatablockAccess.h>
@@ -29,7 +30,33 @@ QByteArray shortImage() {
     });
 }
 
+HwSDataBlockCfg sampleCfg() {
+    HwSDataBlockCfg cfg;
+    cfg.blockName = QStringLiteral("FREQ_RESPONSE");
+    cfg.date = QStringLiteral("2019-04-01");
+    cfg.sector = 3;
+    cfg.address = 0x1A40;
+    cfg.columnDescriptions = QStringLiteral("Count;Label;Gain correction");
+    return cfg;
+}
+
 } // namespace
+
+TEST(HwDatablock2Edition, DebugPagesAsGolden) {
+    HwDatablock2Edition block;
+    load(block, pageImage());
+    std::ostringstream summary, detail, complete, viaPrint;
+    block.printDebugPageHeading(summary, true);
+    block.printDebugPageSummary(summary, sampleCfg());
+    block.printDebugPageHeading(detail, false);
+    block.printDebugPageDetail(detail, sampleCfg());
+    block.printDebugPageComplete(complete, sampleCfg());
+    block.printToStream2Edition(viaPrint, sampleCfg());
+    EXPECT_EQ(summary.str(), golden("directory/summary.txt"));
+    EXPECT_EQ(detail.str(), golden("directory/detail.txt"));
+    EXPECT_EQ(complete.str(), golden("directory/complete.txt"));
+    EXPECT_EQ(viaPrint.str(), complete.str());
+}
 
 TEST(HwDatablock2Edition, FreshBlockHasTheLongHeader) {
     HwDatablock2Edition block;
@@ -117,41 +144,47 @@ TEST(HwDatablock2Edition, SetChecksum32WritesOnlyInsideTheImage) {
     EXPECT_EQ(hex(block.getByteArrayData()), "00 00 00 00 00 00 00 00 dd cc");
 }
 
-TEST(HwDatablock2Edition, PrintsEveryElementType) {
+// Printed by the block and turned to text by the generic access, which takes the element's bytes
+// as they are held and adds no padding.
+TEST(HwDatablock2Edition, EveryElementTypePrintedAndAsAccessText) {
     struct Case {
         ETypeId type;
         QByteArray bytes;
         const char* text;
         int advance;
+        const char* accessText; // when it differs from `text`
     };
     const Case cases[] = {
-        {UINT8, bytesOf({0xFF}), "255", 1},
-        {INT8, bytesOf({0xFF}), "-1", 1},
-        {UINT16, bytesOf({0x34, 0x12}), "4660", 2},
-        {INT16, bytesOf({0xFE, 0xFF}), "-2", 2},
-        {UINT32, bytesOf({0xFF, 0xFF, 0xFF, 0xFF}), "4294967295", 4},
-        {INT32, bytesOf({0x00, 0x00, 0x00, 0x80}), "-2147483648", 4},
-        {UINT64, bytesOf({0, 0, 0, 0, 0, 0, 0, 0x80}), "9223372036854775808", 8},
-        {INT64, bytesOf({0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}), "-1", 8},
-        {FLOAT, bytesOf({0x00, 0x00, 0xC0, 0x3F}), "1.5", 4},
-        {DOUBLE, bytesOf({0x18, 0x2D, 0x44, 0x54, 0xFB, 0x21, 0x09, 0x40}), "3.14159", 8},
-        {LONG_DOUBLE, bytesOf({0, 0, 0, 0, 0, 0, 0, 0xC0, 0xFF, 0x3F}), "1.5", 10},
-        {FIX16D1, bytesOf({0xFB, 0xFF}), "-0.5", 2},
-        {FIX16D2, bytesOf({0x7B, 0x00}), "1.23", 2},
-        {FIX16D3, bytesOf({0x7B, 0x00}), "0.123", 2},
-        {FIX16D4, bytesOf({0x7B, 0x00}), "0.0123", 2},
-        {FIX32D1, bytesOf({0xA0, 0x86, 0x01, 0x00}), "10000.0", 4},
-        {FIX32D2, bytesOf({0x9C, 0xFF, 0xFF, 0xFF}), "-1.00", 4},
-        {FIX32D3, bytesOf({0x40, 0xE2, 0x01, 0x00}), "123.456", 4},
-        {FIX32D4, bytesOf({0x39, 0x30, 0x00, 0x00}), "1.2345", 4},
-        {CHAR, bytesOf({'x'}), "x", 1},
-        {CHAR5, bytesOf({'a', 'b', 0, 'z', 'z'}), "ab    ", 5},
-        {CHAR10, QByteArray("0123456789"), "0123456789", 10},
-        {STRING, QByteArray("text"), "text", 0},
-        {NONE, bytesOf({0x41}), "", 0},
-        {ETypeId(40), bytesOf({0x41}), "", 0},
+        {UINT8, bytesOf({0xFF}), "255", 1, nullptr},
+        {INT8, bytesOf({0xFF}), "-1", 1, nullptr},
+        {UINT16, bytesOf({0x34, 0x12}), "4660", 2, nullptr},
+        {INT16, bytesOf({0xFE, 0xFF}), "-2", 2, nullptr},
+        {UINT32, bytesOf({0xFF, 0xFF, 0xFF, 0xFF}), "4294967295", 4, nullptr},
+        {INT32, bytesOf({0x00, 0x00, 0x00, 0x80}), "-2147483648", 4, nullptr},
+        {UINT64, bytesOf({0, 0, 0, 0, 0, 0, 0, 0x80}), "9223372036854775808", 8, nullptr},
+        {INT64, bytesOf({0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}), "-1", 8, nullptr},
+        {FLOAT, bytesOf({0x00, 0x00, 0xC0, 0x3F}), "1.5", 4, nullptr},
+        {DOUBLE, bytesOf({0x18, 0x2D, 0x44, 0x54, 0xFB, 0x21, 0x09, 0x40}), "3.14159", 8, nullptr},
+        {LONG_DOUBLE, bytesOf({0, 0, 0, 0, 0, 0, 0, 0xC0, 0xFF, 0x3F}), "1.5", 10, nullptr},
+        {FIX16D1, bytesOf({0xFB, 0xFF}), "-0.5", 2, nullptr},
+        {FIX16D2, bytesOf({0x7B, 0x00}), "1.23", 2, nullptr},
+        {FIX16D3, bytesOf({0x7B, 0x00}), "0.123", 2, nullptr},
+        {FIX16D4, bytesOf({0x7B, 0x00}), "0.0123", 2, nullptr},
+        {FIX32D1, bytesOf({0xA0, 0x86, 0x01, 0x00}), "10000.0", 4, nullptr},
+        {FIX32D1, bytesOf({0xF1, 0xFF}), "6552.1", 4, "-1.5"}, // two bytes held: sign-extended
+        {FIX32D2, bytesOf({0x9C, 0xFF, 0xFF, 0xFF}), "-1.00", 4, nullptr},
+        {FIX32D3, bytesOf({0x40, 0xE2, 0x01, 0x00}), "123.456", 4, nullptr},
+        {FIX32D4, bytesOf({0x39, 0x30, 0x00, 0x00}), "1.2345", 4, nullptr},
+        {CHAR, bytesOf({'x'}), "x", 1, nullptr},
+        {CHAR5, bytesOf({'a', 'b', 0, 'z', 'z'}), "ab    ", 5, "ab"},
+        {CHAR10, QByteArray("0123456789"), "0123456789", 10, nullptr},
+        {STRING, QByteArray("text"), "text", 0, nullptr},
+        {NONE, bytesOf({0x41}), "", 0, nullptr},
+        {ETypeId(40), bytesOf({0x41}), "", 0, nullptr},
     };
     HwDatablock2Edition block;
+    HwSBlockDescription table;
+    table.rowCount = 1;
     for (const Case& c : cases) {
         QByteArray buffer = c.bytes;
         buffer.append(QByteArray(24, '\0')); // room past the element, and a zero after a text
@@ -161,9 +194,24 @@ TEST(HwDatablock2Edition, PrintsEveryElementType) {
         EXPECT_EQ(block.printDataTypeToStream(out, p, c.type) - p, c.advance) << int(c.type);
         out << ' ' << 2.5; // the stream's own format is left as it was
         EXPECT_EQ(out.str(), std::string("2.5 ") + c.text + " 2.5") << int(c.type);
+        table.colTypes.push_back(c.type);
+        table.values.push_back({c.bytes});
     }
     std::ostringstream out;
     EXPECT_EQ(block.printDataTypeToStream(out, nullptr, INT32), nullptr);
+
+    CommonDatablockAccess access(nullptr, nullptr, false);
+    table.colCount = quint32(table.colTypes.size());
+    access.addBlock(table);
+    testing::internal::CaptureStderr();
+    const QStringList texts = access.getDataInStringVector(0).value(0);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "CommonDatablockAccess::convValue: type (0) not supported\n"
+              "CommonDatablockAccess::convValue: type (40) not supported\n");
+    ASSERT_EQ(texts.size(), int(std::size(cases)));
+    for (int i = 0; i < texts.size(); ++i)
+        EXPECT_EQ(texts[i].toStdString(), cases[i].accessText ? cases[i].accessText : cases[i].text)
+            << int(cases[i].type);
 }
 
 TEST(HwDatablock2Edition, ServesTheAccessInterface) {

@@ -1,7 +1,5 @@
 // Printing old-style blocks through the directory: the text of the block's own class.
 #include "support/Blocks.h"
-
-#include "support/Recorders.h"
 #include <HwDatablockOldStyleInterpreter.h>
 
 #include <EpromDatablock.h>
@@ -35,16 +33,12 @@ QByteArray patterned(HwDatablock& block, int id, int minSize) {
     QByteArray image = block.getByteArrayData();
     if (image.size() < minSize)
         image.append(QByteArray(minSize - image.size(), '\0'));
-    for (int offset = 8, k = 1; offset + 4 <= image.size(); offset += 4, ++k) {
-        image[offset] = static_cast<char>(k % 7);
-        image[offset + 1] = image[offset + 2] = image[offset + 3] = 0;
-    }
-    image[0] = static_cast<char>(id & 0xFF);
-    image[1] = static_cast<char>(id >> 8);
+    for (int offset = 8, k = 1; offset + 4 <= image.size(); offset += 4, ++k)
+        putAt<quint32>(image, offset, quint32(k % 7));
+    putAt<quint16>(image, 0, quint16(id));
     if (image.size() >= 8) {
-        image[2] = static_cast<char>(image.size() & 0xFF);
-        image[3] = static_cast<char>(image.size() >> 8);
-        image[6] = image[7] = 0;
+        putAt<quint16>(image, 2, quint16(image.size()));
+        putAt<quint16>(image, 6, 0);
     }
     sealChecksum(image);
     return image;
@@ -63,14 +57,9 @@ template <class T> std::function<HwDatablock*()> of() {
 const std::vector<Sample>& samples() {
     static const std::vector<Sample> list = {
         {2, of<HwDatablockIdent>(), 8},
-        {100, of<HwDatablockModification>(), 8},
         {120, of<HwDatablockModification120>(), 20},
         {205, of<HwDatablockServiceData>(), 8},
-        {300, of<HwDatablockStatistic>(), 8},
-        {10000, of<HwDatablockSsynOcxoRefCalValue>(), 8},
         {10307, of<HwDatablockIqOp3RfmCalibData>(), 130},
-        {10502, of<HwDatablockCwop6VcoIdent>(), 8},
-        {11303, of<HwDatablockSAttCCounter>(), 8},
         {11304,
          [] {
              return new HwDatablockTemplateWithoutChecksum<MiscData<unsigned char, 1, 2048>,
@@ -79,13 +68,10 @@ const std::vector<Sample>& samples() {
          },
          8},
         {11311, of<HwDatablockCommonStatisticData>(), 8},
-        {12000, of<HwDatablockMbrdSerialNumber>(), 8},
         {12306,
          [] { return new Misc<50, 200>("LOOPGAIN_P_VALUE_BASE_PK_LIST", 12306, 0, 1, false); }, 8},
-        {12500, of<HwDatablockDacIfFullScale>(), 8},
         {14801, of<HwDatablockDacbIqImbalanceRearPh>(), 64},
         {15721, of<HwDatablockOroRfboAttCalData>(), 8},
-        {15799, of<HwDatablockKivRfboAttRegData>(), 8},
         {15841, of<HwDatablockTeshRfBoExtCalVecData>(), 8},
         {65535, of<HwDatablockEnd>(), 4},
     };
@@ -192,11 +178,9 @@ TEST(OldStylePrinting, UnknownIdsAndNullBlocksAreRefused) {
 namespace {
 // An image of `size` bytes of table id `id` whose count words read `rows` and `cols`.
 QByteArray countedImage(int id, int size, quint32 rows, quint32 cols) {
-    QByteArray image(size, '\0');
-    const quint32 words[] = {quint32(id) | quint32(size) << 16, 0, rows, cols};
-    for (int i = 0; i < 4; ++i)
-        for (int b = 0; b < 4; ++b)
-            image[4 * i + b] = static_cast<char>(words[i] >> (8 * b));
+    QByteArray image = freshImage(quint16(id), quint16(size));
+    putAt<quint32>(image, 8, rows);
+    putAt<quint32>(image, 12, cols);
     sealChecksum(image);
     return image;
 }
