@@ -117,49 +117,6 @@ TEST(CommonDatablockAccess, ListFormatReadsFourByteEntries) {
     EXPECT_FLOAT_EQ(access->getUpdateIndex(), 0.0f); // no long header in a list
 }
 
-TEST(CommonDatablockAccess, WalksTablesPackedBackToBack) {
-    const QByteArray image = bytesOf({
-        0x23,    0x4E,                // block id 20003
-        0x3C,    0x00,                // block size 60
-        0x00,    0x00,                // checksum
-        0x00,    0x00,                // alignment
-        0x00,    0x00,   0x00,  0x00, // CRC-32
-        0x00,    0x0A,                // update index 10
-        0x00,    0x02,                // table 0: rows 2
-        0x00,    0x02,                //          columns 2
-        STRING,  NONE,                //          row ids STRING, no column ids
-        UINT8,   STRING,              //          column types
-        0x00,    0x00,                //          padding to 24
-        'a',     0x00,   'b',   'c',  //          row ids "a" and "bc"
-        0x00,    0x00,   0x00,  0x00, //          ..., padding to 32
-        0x07,    'x',    'y',   0x00, //          row 0: 7, "xy"
-        0x08,    0x00,                //          row 1: 8, ""
-        0x00,    0x01,                // table 1: rows 1, right after the data
-        0x00,    0x03,                //          columns 3
-        NONE,    CHAR,                //          no row ids, CHAR column ids
-        FIX16D2, NONE,   INT16,       //          a NONE column takes no bytes
-        0x00,                         //          padding to 48
-        'p',     'q',    'r',         //          column ids
-        0x00,                         //          padding to 52
-        0x2C,    0x01,                //          row 0: 3.00
-        0x9C,    0xFF,                //                 -100
-        0x00,    0x00,   0x00,  0x00, // trailing bytes: an unfinished table
-    });
-    auto access = accessOf(image);
-    ASSERT_EQ(access->getBlockCount(), 2);
-    EXPECT_EQ(access->getRowIdStringList(0), (QStringList{"a", "bc"}));
-    EXPECT_TRUE(access->getColIdStringList(0).isEmpty());
-    EXPECT_EQ(access->getStringColumn(0, 0), (QStringList{"7", "8"}));
-    EXPECT_EQ(access->getStringColumn(1, 0), (QStringList{"xy", ""}));
-    EXPECT_EQ(access->getRowCount(1), 1u);
-    EXPECT_EQ(access->getColIdStringList(1), (QStringList{"p", "q", "r"}));
-    EXPECT_EQ(access->getDataTypeList(1), (QList<ETypeId>{FIX16D2, NONE, INT16}));
-    const QVector<QStringList> rows = access->getDataInStringVector(1);
-    ASSERT_EQ(rows.size(), 1);
-    EXPECT_EQ(rows[0], (QStringList{"3.00", "", "-100"}));
-    EXPECT_EQ(access->getRowCount(2), 0u); // the unfinished table does not count
-}
-
 TEST(CommonDatablockAccess, OverlongTextsAreNotKept) {
     QByteArray image = bytesOf({
         0x24,   0x4E, 0x00, 0x00, // block id 20004, size set below

@@ -44,58 +44,41 @@ QByteArray patterned(HwDatablock& block, int id, int minSize) {
     return image;
 }
 
-struct Sample {
-    int id;
-    std::function<HwDatablock*()> make;
-    int minSize;
-};
-
 template <class T> std::function<HwDatablock*()> of() {
     return [] { return new T(); };
 }
 
-const std::vector<Sample>& samples() {
-    static const std::vector<Sample> list = {
+} // namespace
+
+// One id of each family the directory prints through, padded to `minSize` where counts need it.
+TEST(OldStylePrinting, EachFamilyPrintsAsItsOwnClass) {
+    ServiceRecorders services;
+    HwDatablockOldStyleInterpreter interpreter;
+    const struct {
+        int id;
+        std::function<HwDatablock*()> make;
+        int minSize;
+    } samples[] = {
         {2, of<HwDatablockIdent>(), 8},
         {120, of<HwDatablockModification120>(), 20},
         {205, of<HwDatablockServiceData>(), 8},
         {10307, of<HwDatablockIqOp3RfmCalibData>(), 130},
-        {11304,
-         [] {
-             return new HwDatablockTemplateWithoutChecksum<MiscData<unsigned char, 1, 2048>,
-                                                           unsigned char, double, 1, 2048>(
-                 "PYM_MWIF_SATT_COUNTER", 11304, 0, 1.0, false);
-         },
-         8},
-        {11311, of<HwDatablockCommonStatisticData>(), 8},
         {12306,
          [] { return new Misc<50, 200>("LOOPGAIN_P_VALUE_BASE_PK_LIST", 12306, 0, 1, false); }, 8},
         {14801, of<HwDatablockDacbIqImbalanceRearPh>(), 64},
-        {15721, of<HwDatablockOroRfboAttCalData>(), 8},
         {15841, of<HwDatablockTeshRfBoExtCalVecData>(), 8},
         {65535, of<HwDatablockEnd>(), 4},
     };
-    return list;
-}
-
-} // namespace
-
-// One id of each family the directory prints through.
-TEST(OldStylePrinting, EachFamilyPrintsAsItsOwnClass) {
-    ServiceRecorders services;
-    HwDatablockOldStyleInterpreter interpreter;
-    for (const Sample& sample : samples()) {
+    for (const auto& sample : samples) {
         SCOPED_TRACE(sample.id);
         std::unique_ptr<HwDatablock> block(sample.make());
         load(*block, patterned(*block, sample.id, sample.minSize));
-        const std::string direct = printed(*block);
-        EXPECT_EQ(printedThrough(interpreter, block.get()), direct);
+        EXPECT_EQ(printedThrough(interpreter, block.get()), printed(*block));
         // The prototype keeps the image it printed last.
         EXPECT_EQ(hex(interpreter.getDictionary().at(sample.id)->getByteArrayData()),
                   hex(block->getByteArrayData()));
     }
-    // Sealed images: no checksum complaint on the way.
-    EXPECT_TRUE(services.errors.signalled.empty());
+    EXPECT_TRUE(services.errors.signalled.empty()); // sealed images: no complaint on the way
 }
 
 TEST(OldStylePrinting, ExactTextOfSomeKinds) {
@@ -134,7 +117,7 @@ TEST(OldStylePrinting, ExactTextOfSomeKinds) {
     EXPECT_EQ(printedThrough(interpreter, &opaque), "\n" + image.toStdString() + "\n");
 }
 
-TEST(OldStylePrinting, PrototypeGrowsAndShrinksWithThePrintedBlock) {
+TEST(OldStylePrinting, PrototypeFollowsThePrintedBlockAndUnknownIdsAreRefused) {
     HwDatablockOldStyleInterpreter interpreter;
     HwDatablockTeshRfBoExtCalVecData big;
     HwDatablock small(false);
@@ -149,10 +132,8 @@ TEST(OldStylePrinting, PrototypeGrowsAndShrinksWithThePrintedBlock) {
     // An 8-byte block of a table id reads zero counts and prints an empty table.
     EXPECT_EQ(printedThrough(interpreter, &small), "ID:  RFBO_EXT_CAL_VEC_DATA\nCOUNT:  0*0\n\n");
     EXPECT_EQ(hex(prototype->getByteArrayData()), hex(small.getByteArrayData()));
-}
 
-TEST(OldStylePrinting, UnknownIdsAndNullBlocksAreRefused) {
-    HwDatablockOldStyleInterpreter interpreter;
+    // Refused: no block, unknown ids (registered empty once), a table that is never printed.
     const std::size_t initial = interpreter.getDictionary().size();
     std::ostringstream out;
     EXPECT_FALSE(interpreter.printHwDatablockOldStyleInfo(nullptr, out));
@@ -167,7 +148,6 @@ TEST(OldStylePrinting, UnknownIdsAndNullBlocksAreRefused) {
     EXPECT_FALSE(interpreter.printHwDatablockOldStyleInfo(&unknown, out));
     EXPECT_EQ(interpreter.getDictionary().size(), initial + 1);
 
-    // Converted as a temperature table, but never printable.
     HwDatablockTeshVectorLevconTempData table("T", 7, false);
     EXPECT_EQ(table.getId(), 15860u);
     EXPECT_FALSE(interpreter.printHwDatablockOldStyleInfo(&table, out));
