@@ -95,14 +95,9 @@ TEST(CommonDatablockAccess, EmptyOrMissingImagesGiveOneEmptyDescription) {
 
 TEST(CommonDatablockAccess, ListFormatReadsFourByteEntries) {
     const QByteArray image = bytesOf({
-        0x22, 0x4E,             // block id 20002
-        0x16, 0x00,             // block size 22
-        0x00, 0x00,             // checksum
-        0x00, 0x07,             // alignment; byte 7 kept
-        0x01, 0x00, 0x00, 0x00, // entry 1
-        0xFF, 0xFF, 0xFF, 0xFF, // entry 4294967295
-        0x10, 0x27, 0x00, 0x00, // entry 10000
-        0xAB, 0xCD,             // an incomplete entry
+        0x22, 0x4E, 0x16, 0x00, 0,    0,    0x00, 0x07, // id 20002, size 22, checksum, byte 7 kept
+        0x01, 0x00, 0x00, 0x00, 0xFF, 0xFF, 0xFF, 0xFF, // entries 1, 4294967295,
+        0x10, 0x27, 0x00, 0x00, 0xAB, 0xCD,             //   10000, an incomplete one
     });
     auto access = accessOf(image, true);
     EXPECT_TRUE(access->isListBlockFormat());
@@ -119,15 +114,9 @@ TEST(CommonDatablockAccess, ListFormatReadsFourByteEntries) {
 
 TEST(CommonDatablockAccess, OverlongTextsAreNotKept) {
     QByteArray image = bytesOf({
-        0x24,   0x4E, 0x00, 0x00, // block id 20004, size set below
-        0x00,   0x00, 0x00, 0x00, // checksum, alignment
-        0x00,   0x00, 0x00, 0x00, // CRC-32
-        0x00,   0x00,             // update index
-        0x00,   0x03,             // rows
-        0x00,   0x01,             // columns
-        NONE,   NONE,             // no identifiers
-        STRING,                   // column type
-        0x00,   0x00, 0x00,       // padding to 24
+        0x24, 0x4E, 0x00,   0x00, 0,    0,    0, 0, 0, 0, 0, 0, // id 20004, size set below, CRC-32
+        0x00, 0x00, 0x00,   0x03, 0x00, 0x01,                   // update index, 3 rows, 1 column
+        NONE, NONE, STRING, 0x00, 0x00, 0x00,                   // no identifiers, padding to 24
     });
     image.append(QByteArray(28, 'k')).append('\0'); // 29 bytes with its zero: kept
     image.append(QByteArray(29, 'l')).append('\0'); // 30 bytes: not kept

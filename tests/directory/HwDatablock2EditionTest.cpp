@@ -15,18 +15,10 @@ namespace {
 // The sample's header moved to the short layout: no CRC-32, everything two bytes earlier.
 QByteArray shortImage() {
     return bytesOf({
-        0x21,   0x4E,               // block id 20001
-        0x18,   0x00,               // block size 24
-        0x00,   0x00,               // checksum
-        0x01,   0x00,               // alignment 1: short header
-        0x99,   0x99,               // reserved, not read
-        0xFF,   0xFB,               // update index -5
-        0x01,   0x2C,               // rows 300
-        0x00,   0x02,               // columns 2
-        STRING,                     // row id type
-        CHAR10,                     // column id type
-        DOUBLE, FIX16D3,            // column types
-        0x00,   0x00,    0x00, 0x00 // data
+        0x21,   0x4E,    0x18, 0x00, 0,      0,      // id 20001, size 24, checksum
+        1,      0,       0x99, 0x99, 0xFF,   0xFB,   // alignment 1, reserved, update index -5
+        0x01,   0x2C,    0x00, 0x02, STRING, CHAR10, // 300 rows, 2 columns, id types
+        DOUBLE, FIX16D3, 0,    0,    0,      0,      // column types, data
     });
 }
 

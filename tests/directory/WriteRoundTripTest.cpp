@@ -160,15 +160,9 @@ TEST(WriteRoundTrip, EveryElementTypeThroughTheByteOrderPass) {
 }
 
 TEST(WriteRoundTrip, HostileCountsAreBoundedByTheImage) {
-    QByteArray image(100, static_cast<char>(INT32));
-    const QByteArray head = bytesOf({
-        0x20, 0x4E, 100, 0x00,  // id 20000, size 100
-        0x00, 0x00, 0x00, 0x00, // checksum, alignment
-        0x00, 0x00, 0x00, 0x00, // CRC-32
-        0x00, 0x00,             // update index
-        0xFF, 0xFF, 0xFF, 0xFF, // 65535 rows by 65535 columns
-    });
-    image.replace(0, head.size(), head);
+    // id 20000, size 100, long header, 65535 rows by 65535 columns, all types INT32
+    QByteArray image = freshImage(20000, 100);
+    image.replace(14, 86, QByteArray(4, '\xFF') + QByteArray(82, static_cast<char>(INT32)));
     auto access = accessOf(image);
     EXPECT_EQ(access->getBlockCount(), 0);
     const HwSBlockDescription* table = access->getBlockDescription(0);
@@ -214,16 +208,11 @@ TEST(WriteRoundTrip, TruncatedImagesEndTheWalk) {
 
 TEST(WriteRoundTrip, UnknownTypesTakeNoBytesInWalkAndPass) {
     const QByteArray image = bytesOf({
-        0x30, 0x4E,  0x1C, 0x00,  // id 20016, size 28
-        0x00, 0x00,  0x00, 0x00,  // checksum, alignment
-        0x00, 0x00,  0x00, 0x00,  // CRC-32
-        0x00, 0x00,               // update index
-        0x00, 0x01,  0x00, 0x04,  // 1 row, 4 columns
-        77,   NONE,               // an unknown row id type: no identifiers
-        99,   UINT8, 200,  INT16, // column types
-        0x05,                     // UINT8
-        0x01, 0x02,               // INT16
-        0x00,                     // trailing
+        0x30, 0x4E,  0x1C, 0x00,  0, 0, 0, 0, // id 20016, size 28
+        0,    0,     0,    0,     0, 0, 0, 1, // CRC-32, update index, 1 row,
+        0x00, 0x04,  77,   NONE,              // 4 columns, unknown row id type: no identifiers
+        99,   UINT8, 200,  INT16,             // column types
+        0x05, 0x01,  0x02, 0x00,              // 5, 513, trailing
     });
     auto access = accessOf(image);
     ASSERT_EQ(access->getBlockCount(), 1);
@@ -236,19 +225,13 @@ TEST(WriteRoundTrip, UnknownTypesTakeNoBytesInWalkAndPass) {
 
     // Rows of nothing complete at once; the next table is read.
     const QByteArray empty = bytesOf({
-        0x31, 0x4E, 0x24,   0x00, // id 20017, size 36
-        0x00, 0x00, 0x00,   0x00, // checksum, alignment
-        0x00, 0x00, 0x00,   0x00, // CRC-32
-        0x00, 0x00,               // update index
-        0xFF, 0xFF, 0x00,   0x02, // 65535 rows, 2 columns
-        NONE, NONE,               // no identifiers
-        NONE, 0x63,               // columns without bytes
-        0x00, 0x00,               // padding to 24
-        0x00, 0x01, 0x00,   0x01, // next table: 1 row, 1 column
-        NONE, NONE, UINT16,       // no identifiers, UINT16
-        0x00,                     // padding to 32
-        0x34, 0x12,               // 4660
-        0x00, 0x00,               // trailing
+        0x31, 0x4E, 0x24,   0x00, 0, 0, 0,    0,    // id 20017, size 36
+        0,    0,    0,      0,    0, 0, 0xFF, 0xFF, // CRC-32, update index, 65535 rows,
+        0x00, 0x02, NONE,   NONE,                   // 2 columns, no identifiers
+        NONE, 0x63, 0x00,   0x00,                   // columns without bytes, padding
+        0x00, 0x01, 0x00,   0x01,                   // next table: 1 row, 1 column,
+        NONE, NONE, UINT16, 0x00,                   // no identifiers, UINT16, padding
+        0x34, 0x12, 0x00,   0x00,                   // 4660, trailing
     });
     access = accessOf(empty);
     ASSERT_EQ(access->getBlockCount(), 2);
