@@ -14,22 +14,16 @@ namespace {
 // Self-describing image: one table of 2 rows by 3 columns (INT32, CHAR5, INT16), UINT16 row ids.
 QByteArray sampleImage() {
     return bytesOf({
-        0x4E,   0x20,  0x00,  0x38,      // id 20000, size 56 (header words most significant first)
-        0x00,   0x00,  0x00,  0x00,      // checksum, alignment
-        0x00,   0x00,  0x00,  0x00,      // CRC-32
-        0x00,   0x64,                    // header word (update index)
-        0x00,   0x02,  0x00,  0x03,      // rows 2, columns 3
-        UINT16, NONE,                    // row id type, column id type
-        INT32,  CHAR5, INT16,            // column types
-        0x00,                            // padding to offset 24
-        0x11,   0x22,  0x33,  0x44,      // row ids
-        0x01,   0x02,  0x03,  0x04,      // row 0: INT32
-        'a',    'b',   'c',   'd',  'e', //        CHAR5
-        0x05,   0x06,                    //        INT16
-        0x07,   0x08,  0x09,  0x0A,      // row 1: INT32
-        'v',    'w',   'x',   'y',  'z', //        CHAR5
-        0x0B,   0x0C,                    //        INT16
-        0x00,   0x00,  0x00,  0x00, 0x00, 0x00, // following table: 0 rows, 0 columns, no types
+        0x4E,   0x20, 0x00,  0x38,  0,     0,         // id 20000, size 56 (MSB first), checksum
+        0,      0,    0,     0,     0,     0,         // alignment, CRC-32
+        0x00,   0x64, 0x00,  0x02,  0x00,  0x03,      // update index, 2 rows, 3 columns
+        UINT16, NONE, INT32, CHAR5, INT16, 0x00,      // id types, column types, padding
+        0x11,   0x22, 0x33,  0x44,                    // row ids
+        0x01,   0x02, 0x03,  0x04,  'a',   'b',  'c', // row 0: INT32, CHAR5,
+        'd',    'e',  0x05,  0x06,                    //   INT16
+        0x07,   0x08, 0x09,  0x0A,  'v',   'w',  'x', // row 1
+        'y',    'z',  0x0B,  0x0C,                    //
+        0,      0,    0,     0,     0,     0, // following table: 0 rows, 0 columns, no types
     });
 }
 
