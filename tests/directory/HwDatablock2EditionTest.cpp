@@ -145,13 +145,10 @@ TEST(HwDatablock2Edition, EveryElementTypePrintedAndAsAccessText) {
         {DOUBLE, bytesOf({0x18, 0x2D, 0x44, 0x54, 0xFB, 0x21, 0x09, 0x40}), "3.14159", 8, nullptr},
         {LONG_DOUBLE, bytesOf({0, 0, 0, 0, 0, 0, 0, 0xC0, 0xFF, 0x3F}), "1.5", 10, nullptr},
         {FIX16D1, bytesOf({0xFB, 0xFF}), "-0.5", 2, nullptr},
-        {FIX16D2, bytesOf({0x7B, 0x00}), "1.23", 2, nullptr},
-        {FIX16D3, bytesOf({0x7B, 0x00}), "0.123", 2, nullptr},
         {FIX16D4, bytesOf({0x7B, 0x00}), "0.0123", 2, nullptr},
         {FIX32D1, bytesOf({0xA0, 0x86, 0x01, 0x00}), "10000.0", 4, nullptr},
         {FIX32D1, bytesOf({0xF1, 0xFF}), "6552.1", 4, "-1.5"}, // two bytes held: sign-extended
         {FIX32D2, bytesOf({0x9C, 0xFF, 0xFF, 0xFF}), "-1.00", 4, nullptr},
-        {FIX32D3, bytesOf({0x40, 0xE2, 0x01, 0x00}), "123.456", 4, nullptr},
         {FIX32D4, bytesOf({0x39, 0x30, 0x00, 0x00}), "1.2345", 4, nullptr},
         {CHAR, bytesOf({'x'}), "x", 1, nullptr},
         {CHAR5, bytesOf({'a', 'b', 0, 'z', 'z'}), "ab    ", 5, "ab"},
