@@ -215,13 +215,10 @@ TEST(WriteRoundTrip, HeaderChecksumsGettersAndWalkAgree) {
 }
 
 TEST(WriteRoundTrip, WriteNormalisesWhatItIsGiven) {
-    HwSBlockDescription loose;
-    loose.rowCount = 2;
-    loose.colCount = 2;
-    loose.rowIdType = UINT16;
-    loose.colTypes = {INT32};                    // the second column's type is missing: NONE
-    loose.rowIds = bytesOf({7});                 // too short: zero-filled
-    loose.values = {{bytesOf({1, 2, 3, 4, 5})}}; // too long, and a row missing
+    // The second column's type is missing (NONE), the row ids too short (zero-filled), the value
+    // too long and a row missing.
+    const HwSBlockDescription loose{
+        2, 2, UINT16, NONE, {INT32}, bytesOf({7}), {}, {{bytesOf({1, 2, 3, 4, 5})}}};
     const QByteArray image = written({loose}, 20011, 0);
     EXPECT_EQ(hex(image.mid(14)), "00 02 00 02 03 00 06 00 00 00 " // shape, types, padding
                                   "07 00 00 00 "                   // row ids 7 and 0
