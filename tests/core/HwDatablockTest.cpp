@@ -10,6 +10,7 @@
 #include <QObject>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <functional>
 #include <gtest/gtest.h>
 #include <sstream>
 
@@ -45,26 +46,19 @@ TEST(HwDatablock, ShortImagesReadAsZeroAndSettersDoNothing) {
     HwDatablock block(false);
     // id 0x0201, size 0x0403, checksum 0x0605, alignment 0x0807, cut to each length
     const QByteArray full = bytesOf({0x01, 0x02, 0x03, 0x04, 0x05, 0x06, 0x07, 0x08});
-    load(block, full.left(1));
-    EXPECT_EQ(block.getId(), 0u);
-    block.setBlockId(0x1234);
-    EXPECT_EQ(hex(block.getByteArrayData()), "01");
-    load(block, full.left(3));
-    EXPECT_EQ(block.getId(), 0x0201u);
-    EXPECT_EQ(block.getBlockSize(), 0);
-    block.setBlockSize(99);
-    EXPECT_EQ(hex(block.getByteArrayData()), "01 02 03");
-    load(block, full.left(5));
-    EXPECT_EQ(block.getBlockSize(), 0x0403);
-    EXPECT_EQ(block.getChecksum(), 0);
-    load(block, full.left(7));
-    EXPECT_EQ(block.getChecksum(), 0x0605);
-    EXPECT_EQ(block.getAlignment(), 0);
-    block.setAlignment(3);
-    EXPECT_EQ(hex(block.getByteArrayData()), "01 02 03 04 05 06 07");
-    load(block, QByteArray());
-    EXPECT_EQ(block.getId(), 0u);
-    EXPECT_EQ(block.getChecksum32(), 0u);
+    const std::function<void()> setters[] = {
+        [&] { block.setBlockId(0x1234); }, [&] { block.setBlockSize(99); },
+        [&] { block.setChecksum(7); }, [&] { block.setAlignment(3); }};
+    for (int n = 0; n < 8; ++n) {
+        load(block, full.left(n));
+        EXPECT_EQ(block.getId(), n >= 2 ? 0x0201u : 0u) << n;
+        EXPECT_EQ(block.getBlockSize(), n >= 4 ? 0x0403 : 0) << n;
+        EXPECT_EQ(block.getChecksum(), n >= 6 ? 0x0605 : 0) << n;
+        EXPECT_EQ(block.getAlignment(), 0) << n;
+        EXPECT_EQ(block.getChecksum32(), 0u) << n;
+        setters[n / 2](); // the setter of the first field that does not fit
+        EXPECT_EQ(hex(block.getByteArrayData()), hex(full.left(n))) << n;
+    }
 }
 
 TEST(HwDatablock, DataTransfers) {
