@@ -103,7 +103,7 @@ TEST(CommonDatablockAccess, WalksHeaderAndTable) {
     EXPECT_EQ(access->getBlockDescription(2), nullptr);
 }
 
-TEST(CommonDatablockAccess, HostOrderWordsBorrowWhileGathered) {
+TEST(CommonDatablockAccess, HostOrderWordsBorrowAndEmptyImagesGiveOneEmptyDescription) {
     QByteArray image = pageImage();
     image[0] = 0x01;
     image[1] = static_cast<char>(0x80); // id 0x8001 in host order
@@ -114,12 +114,9 @@ TEST(CommonDatablockAccess, HostOrderWordsBorrowWhileGathered) {
     image[15] = static_cast<char>(0xC8); // 200 rows: a low byte of 0x80 or more
     access = accessOf(image);
     EXPECT_EQ(access->getRowCount(0), 200u);
-}
 
-TEST(CommonDatablockAccess, EmptyOrMissingImagesGiveOneEmptyDescription) {
-    QByteArray image = pageImage();
     image[2] = image[3] = 0; // block size 0: nothing is read
-    auto access = accessOf(image);
+    access = accessOf(image);
     EXPECT_EQ(access->getBlockCount(), 0);
     EXPECT_EQ(access->getId(), 0);
     EXPECT_EQ(access->getColCount(0), 0u);

@@ -44,7 +44,7 @@ TEST(OldStyleConversion, SupportedAndRefusedIds) {
 
 // On a little-endian host the per-id rules keep the bytes; what they change is the form, the
 // size of a bare table header, and nothing past a short image.
-TEST(OldStyleConversion, ConvertedBlocksKeepTheirFormThroughSetters) {
+TEST(OldStyleConversion, ConvertedFormKeptThroughSettersAndShortImagesNotReadPast) {
     ServiceRecorders services;
     HwDatablockIdent ident;
     ident.swapDataTo(HwDataFormatConverted, 2, &ident);
@@ -54,9 +54,7 @@ TEST(OldStyleConversion, ConvertedBlocksKeepTheirFormThroughSetters) {
     EXPECT_EQ(ident.getSerialNumber(), 4712u);
     EXPECT_TRUE(ident.verifyChecksum());
     EXPECT_TRUE(services.errors.signalled.empty());
-}
 
-TEST(OldStyleConversion, ShortImagesAreConvertedWithoutReadingPastThem) {
     // An identification image cut after five bytes stays five bytes long.
     HwDatablock cut(false);
     load(cut, bytesOf({2, 0, 44, 0, 0x17}));

@@ -50,7 +50,7 @@ TEST(HwDatablock2Edition, DebugPagesAsGolden) {
     EXPECT_EQ(viaPrint.str(), complete.str());
 }
 
-TEST(HwDatablock2Edition, ReadsBothHeaderLayouts) {
+TEST(HwDatablock2Edition, ReadsBothHeaderLayoutsAndTruncatedHeadersAsZero) {
     HwDatablock2Edition block;
     EXPECT_EQ(hex(block.getByteArrayData()), "00 00 0c 00 00 00 00 00 00 00 00 00");
     EXPECT_TRUE(block.getStopConversionOnError());
@@ -80,11 +80,9 @@ TEST(HwDatablock2Edition, ReadsBothHeaderLayouts) {
     load(block, asLong);
     EXPECT_EQ(block.getNumberOfRows(0), 2);
     EXPECT_FLOAT_EQ(block.getUpdateIndex(), 3.0f); // 0x012C = 300 hundredths
-}
 
-TEST(HwDatablock2Edition, TruncatedHeadersReadAsZero) {
+    // Header fields cut by the image end read as zero.
     const QByteArray full = pageImage();
-    HwDatablock2Edition block;
     for (int n = 0; n <= 22; ++n) {
         load(block, full.left(n));
         EXPECT_EQ(block.getNumberOfRows(0), n >= 16 ? 2 : 0) << n;
