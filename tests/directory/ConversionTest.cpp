@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <gtest/gtest.h>
+#include <memory>
 #include <sstream>
 
 using namespace Tupsim;
