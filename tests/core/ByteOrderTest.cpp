@@ -14,22 +14,16 @@ namespace {
 // Self-describing image: one table of 2 rows by 3 columns (INT32, CHAR5, INT16), UINT16 row ids.
 QByteArray sampleImage() {
     return bytesOf({
-        0x4E,   0x20,  0x00,  0x38,      // id 20000, size 56 (header words most significant first)
-        0x00,   0x00,  0x00,  0x00,      // checksum, alignment
-        0x00,   0x00,  0x00,  0x00,      // CRC-32
-        0x00,   0x64,                    // header word (update index)
-        0x00,   0x02,  0x00,  0x03,      // rows 2, columns 3
-        UINT16, NONE,                    // row id type, column id type
-        INT32,  CHAR5, INT16,            // column types
-        0x00,                            // padding to offset 24
-        0x11,   0x22,  0x33,  0x44,      // row ids
-        0x01,   0x02,  0x03,  0x04,      // row 0: INT32
-        'a',    'b',   'c',   'd',  'e', //        CHAR5
-        0x05,   0x06,                    //        INT16
-        0x07,   0x08,  0x09,  0x0A,      // row 1: INT32
-        'v',    'w',   'x',   'y',  'z', //        CHAR5
-        0x0B,   0x0C,                    //        INT16
-        0x00,   0x00,  0x00,  0x00, 0x00, 0x00, // following table: 0 rows, 0 columns, no types
+        0x4E,   0x20, 0x00,  0x38,  0,     0,         // id 20000, size 56 (MSB first), checksum
+        0,      0,    0,     0,     0,     0,         // alignment, CRC-32
+        0x00,   0x64, 0x00,  0x02,  0x00,  0x03,      // update index, 2 rows, 3 columns
+        UINT16, NONE, INT32, CHAR5, INT16, 0x00,      // id types, column types, padding
+        0x11,   0x22, 0x33,  0x44,                    // row ids
+        0x01,   0x02, 0x03,  0x04,  'a',   'b',  'c', // row 0: INT32, CHAR5,
+        'd',    'e',  0x05,  0x06,                    //   INT16
+        0x07,   0x08, 0x09,  0x0A,  'v',   'w',  'x', // row 1
+        'y',    'z',  0x0B,  0x0C,                    //
+        0,      0,    0,     0,     0,     0, // following table: 0 rows, 0 columns, no types
     });
 }
 
@@ -41,15 +35,13 @@ TEST(ByteOrder, GenericPassReversesElementsAndKeepsHeadersAndTexts) {
     load(block, original);
     block.swapBlock(HwDataFormatConverted, 0, nullptr);
     EXPECT_EQ(block.getDataFormatTyp(), HwDataFormatConverted);
+    // Header, table words, types, texts and the following table keep their order.
+    QByteArray expected = original;
+    expected.replace(24, 26,
+                     bytesOf({0x22, 0x11, 0x44, 0x33, 4, 3, 2,   1,   'a', 'b', 'c', 'd',  'e',
+                              6,    5,    0x0A, 9,    8, 7, 'v', 'w', 'x', 'y', 'z', 0x0C, 0x0B}));
     const QByteArray swapped = block.getByteArrayData();
-    EXPECT_EQ(swapped.left(24), original.left(24)); // header, table words, types, padding
-    EXPECT_EQ(hex(swapped.mid(24, 4)), "22 11 44 33");
-    EXPECT_EQ(hex(swapped.mid(28, 4)), "04 03 02 01");
-    EXPECT_EQ(swapped.mid(32, 5), QByteArray("abcde"));
-    EXPECT_EQ(hex(swapped.mid(37, 2)), "06 05");
-    EXPECT_EQ(hex(swapped.mid(39, 4)), "0a 09 08 07");
-    EXPECT_EQ(swapped.mid(43, 5), QByteArray("vwxyz"));
-    EXPECT_EQ(swapped.right(6), original.right(6));
+    EXPECT_EQ(hex(swapped), hex(expected));
     block.swapBlock(HwDataFormatConverted, 0, nullptr); // same target: nothing happens
     EXPECT_EQ(block.getByteArrayData(), swapped);
     block.swapBlock(HwDataFormatReference, 0, nullptr);
@@ -57,24 +49,14 @@ TEST(ByteOrder, GenericPassReversesElementsAndKeepsHeadersAndTexts) {
 }
 
 TEST(ByteOrder, HostileImagesEndTheWalk) {
-    // 65535 rows by 65535 columns of INT32 in a 100-byte image
-    QByteArray image(100, '\0');
-    image[14] = image[15] = image[16] = image[17] = static_cast<char>(0xFF);
-    image[18] = INT32;
-    image[19] = INT32;
-    HwDatablock block(false);
-    load(block, image);
-    block.swapBlock(HwDataFormatConverted, 0, nullptr);
-    EXPECT_EQ(block.getByteArrayData().size(), 100);
-
     // column types that take no bytes, and a huge row count: the walk must not spin
+    HwDatablock block(false);
     QByteArray empty(40, '\0');
     empty[14] = empty[15] = static_cast<char>(0xFF);
     empty[17] = 2;
     empty[20] = 99; // unknown type codes
-    empty[21] = 0;
     load(block, empty);
-    block.swapBlock(HwDataFormatReference, 0, nullptr);
+    block.swapBlock(HwDataFormatConverted, 0, nullptr);
     EXPECT_EQ(block.getByteArrayData(), empty);
 
     // images shorter than the header
@@ -105,8 +87,7 @@ TEST(ByteOrder, SwapDataToChoosesTheConverter) {
 
     // form 1 with id 20000 or more: the generic pass
     QByteArray high = image;
-    high[0] = 0x20;
-    high[1] = 0x4E; // id 20000 least significant first
+    putAt<unsigned short>(high, 0, 20000);
     load(block, high);
     block.swapDataTo(HwDataFormatReference, 20000, &block);
     EXPECT_EQ(block.getDataFormatTyp(), HwDataFormatReference);
@@ -118,12 +99,8 @@ TEST(ByteOrder, SwapDataToChoosesTheConverter) {
     block.swapDataTo(HwDataFormatConverted, 20000, &block);
     EXPECT_EQ(block.getDataFormatTyp(), HwDataFormatReference); // CRC wrong: old-style, unknown
     QByteArray sealed = high;
-    sealed[2] = 0x38;
-    sealed[3] = 0x00; // size 56 as the little-endian header reads it
-    load(block, sealed);
-    const unsigned crc = block.computeChecksum32();
-    for (int i = 0; i < 4; ++i)
-        sealed[8 + i] = static_cast<char>((crc >> (8 * i)) & 0xFF);
+    putAt<unsigned short>(sealed, 2, 56); // the size as the little-endian header reads it
+    sealCrc(sealed);
     load(block, sealed);
     block.swapDataTo(HwDataFormatConverted, 0, &block);
     EXPECT_EQ(block.getDataFormatTyp(), HwDataFormatConverted);
@@ -133,27 +110,4 @@ TEST(ByteOrder, SwapDataToChoosesTheConverter) {
     services.debug.lines.clear();
     block.swapDataTo(HwDataFormatConverted, 0, &block);
     EXPECT_TRUE(services.debug.lines.empty());
-    block.swapDataTo(HwDataFormatReference, 0, nullptr);
-}
-
-TEST(ByteOrder, ChecksumOfAConvertedSelfDescribingBlockIsTakenInTheReferenceForm) {
-    ServiceRecorders services;
-    HwDatablock block(false);
-    QByteArray image = sampleImage();
-    image[0] = 0x20;
-    image[1] = 0x4E;
-    image[2] = 0x38;
-    image[3] = 0x00;
-    load(block, image);
-    const unsigned sealed = block.computeChecksum32();
-    for (int i = 0; i < 4; ++i)
-        image[8 + i] = static_cast<char>((sealed >> (8 * i)) & 0xFF);
-    sealChecksum(image);
-    load(block, image);
-    ASSERT_TRUE(block.verifyChecksum());
-    const unsigned crc = block.computeChecksum32();
-    block.swapBlock(HwDataFormatConverted, 0, nullptr);
-    EXPECT_TRUE(block.verifyChecksum());
-    EXPECT_EQ(block.getDataFormatTyp(), HwDataFormatConverted); // converted back afterwards
-    EXPECT_EQ(block.computeChecksum32(), crc);
 }

@@ -1,13 +1,82 @@
-// 16-bit checksum and CRC-32: values, verification, reports, agreement with zlib.
+// Checksum kernels against zlib and a word-by-word sum at every length and alignment; the block's
+// 16-bit checksum and CRC-32: values, verification, reports.
+#include "core/Checks.h"
 #include "support/Blocks.h"
 
 #include <HwDatablock.h>
 
 #include <gtest/gtest.h>
 #include <random>
+#include <vector>
+#include <zlib.h>
 
 using namespace Tupsim;
 using namespace Tupsim::test;
+
+namespace {
+
+quint16 referenceSum(const unsigned char* p, std::size_t n) {
+    quint16 sum = 0;
+    for (std::size_t i = 0; i + 1 < n; i += 2)
+        sum = static_cast<quint16>(sum + (p[i] | p[i + 1] << 8));
+    return sum;
+}
+
+// Every kernel at one view; the view is the only part of the buffer it may read.
+void expectAllAgree(const unsigned char* p, std::size_t n) {
+    const quint32 zlibCrc = static_cast<quint32>(crc32(0L, p, static_cast<uInt>(n)));
+    ASSERT_EQ(checks::crc32(0, p, n), zlibCrc) << n;
+    ASSERT_EQ(checks::crc32SliceBy8(0, p, n), zlibCrc) << n;
+    ASSERT_EQ(checks::crc32Bytewise(0, p, n), zlibCrc) << n;
+    ASSERT_EQ(checks::crc32Skipping4to11(p, n),
+              crcOf(QByteArray(reinterpret_cast<const char*>(p), int(n))))
+        << n;
+    ASSERT_EQ(checks::wordSum(p, n), referenceSum(p, n)) << n;
+}
+
+std::vector<unsigned char> randomBytes(std::size_t n, unsigned seed) {
+    std::mt19937 random(seed);
+    std::vector<unsigned char> out(n);
+    for (auto& b : out)
+        b = static_cast<unsigned char>(random());
+    return out;
+}
+
+} // namespace
+
+TEST(ChecksKernels, EveryLengthUpTo300AtEveryAlignment) {
+    // A view that ends where the allocation ends: the address sanitizer sees any overread.
+    // All ones: every 16-bit lane wraps.
+    const std::vector<unsigned char> source = randomBytes(300 + 15, 7), ones(300, 0xFF);
+    for (std::size_t align = 0; align < 16; ++align)
+        for (std::size_t n = 0; n <= 300; ++n) {
+            std::vector<unsigned char> exact(source.begin() + align, source.begin() + align + n);
+            expectAllAgree(exact.data(), n);
+            expectAllAgree(source.data() + align, n);
+            expectAllAgree(ones.data() + 300 - n, n);
+        }
+}
+
+TEST(ChecksKernels, CheckValueChainingBlockChecksumAndNullViews) {
+    const unsigned char check[] = "123456789";
+    EXPECT_EQ(checks::crc32(0, check, 9), 0xCBF43926u);
+    const std::vector<unsigned char> data = randomBytes(1000, 3);
+    const quint32 whole = checks::crc32(0, data.data(), data.size());
+    for (std::size_t cut : {0u, 1u, 64u, 999u, 1000u})
+        EXPECT_EQ(
+            checks::crc32(checks::crc32(0, data.data(), cut), data.data() + cut, data.size() - cut),
+            whole)
+            << cut;
+
+    // id 1, size 8, checksum 0xABCD (not counted), alignment 0
+    const unsigned char header[8] = {1, 0, 8, 0, 0xCD, 0xAB, 0, 0};
+    EXPECT_EQ(checks::blockChecksum(header, 8), 0xFFF7);
+    EXPECT_EQ(checks::blockChecksum(header, 3), 0xFFFF); // no checksum word: the id word only
+    EXPECT_EQ(checks::blockChecksum(header, 7), 0xFFF7); // the odd last byte is ignored
+    EXPECT_EQ(checks::wordSum(nullptr, 8), 0);
+    EXPECT_EQ(checks::crc32(5, nullptr, 8), 5u);
+    EXPECT_EQ(checks::crc32Skipping4to11(nullptr, 8), 0u);
+}
 
 TEST(Checksum16, FreshHeaderAndExternalBuffers) {
     ServiceRecorders services;
@@ -15,6 +84,7 @@ TEST(Checksum16, FreshHeaderAndExternalBuffers) {
     EXPECT_EQ(block.computeChecksum(), 0xFFF8);
     block.setChecksum(block.computeChecksum());
     EXPECT_TRUE(block.verifyChecksum());
+    EXPECT_TRUE(services.debug.lines.empty()); // a passed check says nothing
 
     // words: id 1, size 8, checksum 0xABCD (ignored), alignment 0
     unsigned short words[4] = {1, 8, 0xABCD, 0};
@@ -29,9 +99,8 @@ TEST(Checksum16, FreshHeaderAndExternalBuffers) {
     EXPECT_FALSE(block.verifyChecksum(nullptr, 8, false));
     EXPECT_TRUE(services.debug.messageBoxes.isEmpty());
     block.computeChecksum(words, 7);
-    ASSERT_EQ(services.debug.messageBoxes.size(), 1);
-    EXPECT_EQ(services.debug.messageBoxes[0],
-              "Compute datablock checksum|Block size not an even number !|1|2|17|0|0");
+    EXPECT_EQ(services.debug.messageBoxes,
+              QStringList{"Compute datablock checksum|Block size not an even number !|1|2|17|0|0"});
 }
 
 TEST(Checksum16, FailureReportsAndSizeMismatch) {
@@ -46,62 +115,32 @@ TEST(Checksum16, FailureReportsAndSizeMismatch) {
     services.debug.lines.clear();
     load(block, bytesOf({0x05, 0x00, 0x0A, 0x00, 0x00, 0x00, 0x00, 0x00, 0x01, 0x00}));
     EXPECT_FALSE(block.verifyChecksum());
-    ASSERT_EQ(services.debug.history.size(), 1);
-    EXPECT_EQ(services.debug.history[0], "Alignment of Block 5 is wrong!\n");
+    EXPECT_EQ(services.debug.history, QStringList{"Alignment of Block 5 is wrong!\n"});
     ASSERT_EQ(services.debug.lines.size(), 1u);
     EXPECT_EQ(services.debug.lines[0].cls, 8);
     EXPECT_EQ(services.debug.lines[0].level, 2);
     EXPECT_EQ(services.debug.lines[0].text, "verifyChecksum(): Wrong checksum! at EepromBlockId 5");
 
-    // 12 bytes: wrong but aligned, no complaint
+    // 12 bytes: wrong but aligned, no complaint; a disabled debug class suppresses the line
     services.debug.history.clear();
+    services.debug.mask = ~(1 << 8);
     load(block, bytesOf({0x05, 0x00, 0x0C, 0x00, 0x00, 0x00, 0x00, 0x00, 0x01, 0x00, 0, 0}));
     EXPECT_FALSE(block.verifyChecksum());
     EXPECT_TRUE(services.debug.history.isEmpty());
+    EXPECT_EQ(services.debug.lines.size(), 1u);
 
     // size field 16 over an 8-byte image: reported, checked over the 8 bytes
     QByteArray image = bytesOf({0x05, 0x00, 0x10, 0x00, 0x00, 0x00, 0x00, 0x00});
     sealChecksum(image);
     load(block, image);
-    services.debug.history.clear();
     EXPECT_TRUE(block.verifyChecksum());
-    ASSERT_EQ(services.debug.history.size(), 1);
-    EXPECT_EQ(services.debug.history[0], "HwDatablock::verifyChecksum: size mismatch (blockId 5 "
-                                         "swapBlockId 5 blockSize 16 / arraySize 8)\n");
+    EXPECT_EQ(services.debug.history,
+              QStringList{"HwDatablock::verifyChecksum: size mismatch (blockId 5 swapBlockId 5 "
+                          "blockSize 16 / arraySize 8)\n"});
     services.debug.history.clear();
-    EXPECT_EQ(block.computeChecksum(), static_cast<unsigned char>(image.at(4)) |
-                                           (static_cast<unsigned char>(image.at(5)) << 8));
+    EXPECT_EQ(block.computeChecksum(), word(image, 4));
     EXPECT_TRUE(
         services.debug.history[0].startsWith("HwDatablock::computeChecksum: size mismatch"));
-}
-
-TEST(Checksum16, DisabledDebugClassSuppressesTheLine) {
-    ServiceRecorders services;
-    services.debug.mask = ~(1 << 8);
-    HwDatablock block(false);
-    block.setChecksum(1);
-    EXPECT_FALSE(block.verifyChecksum());
-    EXPECT_TRUE(services.debug.lines.empty());
-}
-
-TEST(Checksum32, AgreesWithZlibAndSkipsBytesFourToEleven) {
-    std::mt19937 random(42);
-    HwDatablock block(false);
-    for (unsigned length : {0u, 1u, 4u, 11u, 12u, 13u, 100u, 4097u}) {
-        std::vector<unsigned char> buffer(length);
-        for (auto& b : buffer)
-            b = static_cast<unsigned char>(random());
-        const unsigned expected =
-            crcOf(QByteArray(reinterpret_cast<const char*>(buffer.data()), int(length)));
-        const std::vector<unsigned char> before = buffer;
-        EXPECT_EQ(block.computeChecksum32(buffer.data(), length), expected) << length;
-        EXPECT_EQ(buffer, before); // the caller's buffer stays as it was
-        if (length > 12) {
-            for (int i = 4; i < 12; ++i)
-                buffer[i] ^= 0x5A;
-            EXPECT_EQ(block.computeChecksum32(buffer.data(), length), expected);
-        }
-    }
 }
 
 TEST(Checksum32, VerificationAndTheEventCounterMark) {
@@ -110,19 +149,15 @@ TEST(Checksum32, VerificationAndTheEventCounterMark) {
     // id 20000, size 16, checksum, alignment, CRC-32 placeholder, 4 data bytes
     QByteArray image = bytesOf({0x20, 0x4E, 0x10, 0x00, 0, 0, 0, 0, 0, 0, 0, 0, 1, 2, 3, 4});
     load(block, image);
-    const unsigned crc = block.computeChecksum32();
     EXPECT_FALSE(block.verifyChecksum32());
-    for (int i = 0; i < 4; ++i)
-        image[8 + i] = static_cast<char>((crc >> (8 * i)) & 0xFF);
+    sealCrc(image);
     load(block, image);
-    EXPECT_EQ(block.getChecksum32(), crc);
+    EXPECT_EQ(block.getChecksum32(), crcOf(image));
     EXPECT_TRUE(block.verifyChecksum32());
     EXPECT_EQ(block.getDatablockClassTyp(), HwDatablockClassNone);
 
     // magic 0x452D0000 + size in place of the CRC marks an event counter
-    const unsigned magic = 0x452D0010;
-    for (int i = 0; i < 4; ++i)
-        image[8 + i] = static_cast<char>((magic >> (8 * i)) & 0xFF);
+    putAt<unsigned>(image, 8, 0x452D0010);
     load(block, image);
     EXPECT_TRUE(block.verifyChecksum32());
     EXPECT_EQ(block.getDatablockClassTyp(), HwDatablockClassEventCount);
@@ -132,7 +167,7 @@ TEST(Checksum32, VerificationAndTheEventCounterMark) {
     EXPECT_FALSE(block.verifyChecksum32());
 }
 
-TEST(Checksum32, ShortImagesAndTheComplainingOverload) {
+TEST(Checksum32, ShortImagesBuffersAndTheComplainingOverload) {
     ServiceRecorders services;
     HwDatablock block(false);
     // 10 bytes: the CRC field is cut; present bytes count, missing ones are zero
@@ -141,9 +176,15 @@ TEST(Checksum32, ShortImagesAndTheComplainingOverload) {
     load(block, bytesOf({0, 0, 10, 0, 0}));
     EXPECT_EQ(block.getChecksum32(), 0u);
     // size field far beyond the image: the CRC covers the image only
-    load(block, bytesOf({1, 2, 0xFF, 0x7F, 0, 0, 0, 0, 0, 0, 0, 0, 9}));
-    unsigned char same[13] = {1, 2, 0xFF, 0x7F, 0, 0, 0, 0, 0, 0, 0, 0, 9};
-    EXPECT_EQ(block.computeChecksum32(), block.computeChecksum32(same, 13));
+    const QByteArray beyond = bytesOf({1, 2, 0xFF, 0x7F, 0, 0, 0, 0, 0, 0, 0, 0, 9});
+    load(block, beyond);
+    EXPECT_EQ(block.computeChecksum32(), crcOf(beyond));
+    // over a caller's buffer: zlib's value without bytes 4 to 11, the buffer kept as it was
+    unsigned char buffer[13] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13};
+    const QByteArray before(reinterpret_cast<const char*>(buffer), 13);
+    EXPECT_EQ(block.computeChecksum32(buffer, 13), crcOf(before));
+    EXPECT_EQ(QByteArray(reinterpret_cast<const char*>(buffer), 13), before);
+    EXPECT_EQ(block.computeChecksum32(buffer, 0), 0u);
 
     testing::internal::CaptureStderr();
     unsigned char small[4] = {0, 0, 0, 0};
