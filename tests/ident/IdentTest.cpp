@@ -1,14 +1,16 @@
 // Identification blocks: ident and misc ident, the mainboard's model, serial number, MAC and
-// time monitoring, and the VCO ident block.
+// time monitoring, the VCO ident block, the module-type table and the end block.
 #include "support/TestImages.h"
 
 #include <HwDatablockCwop6VcoIdent.h>
+#include <HwDatablockEnd.h>
 #include <HwDatablockIdent.h>
 #include <HwDatablockMbrdMac.h>
 #include <HwDatablockMbrdModel.h>
 #include <HwDatablockMbrdSerialNumber.h>
 #include <HwDatablockMbrdTimeMonitoringData.h>
 #include <HwDatablockMiscIdent.h>
+#include <HwModuleTypeTable.h>
 
 #include <gtest/gtest.h>
 
@@ -17,19 +19,21 @@ using namespace Tupsim::test;
 
 namespace {
 
-QByteArray filledIdentImage() {
-    return sealed(bytesOf({0x02, 0x00, 0x2c, 0x00, 0x00, 0x00, 0x00, 0x00, // header
-                           0x00, 0x20, 0x00, 0x00,                         // EEPROM size 8192
-                           0x4e, 0x61, 0xbc, 0x00,                         // part number 12345678
-                           0x03, 0x11, 0x69, 0x00,                         // variant, hw, 105
-                           0x06, 0x12, 0x0f, 0x00,                         // serial 987654
-                           0xb1, 0x58, 0x07, 0x00, 0xb3, 0x04,             // date, read, test
-                           'S',  'M',  'B',  '-',  'B',  '1',  '0',  '6',  0, 0, 0, 0, 0, 0}));
+// Header, EEPROM size 8192, part number 12345678, variant 3, hw 17, index 105, serial 987654,
+// date 2024-05-17, read code 7, test instruction 1203 and the name.
+const QByteArray filled = sealed(
+    QByteArray::fromHex("02002c0000000000 00200000 4e61bc00 03116900 06120f00 b1580700b304") +
+    QByteArray("SMB-B106").leftJustified(14, '\0'));
+
+QByteArray row(int code, const char* name, const char* label, const char* stem) {
+    return bytesOf({code, code >> 8, code >> 16, code >> 24}) +
+           QByteArray(name).leftJustified(32, '\0') + QByteArray(label).leftJustified(14, '\0') +
+           QByteArray(stem).leftJustified(34, '\0');
 }
 
 } // namespace
 
-TEST(HwDatablockIdent, SettersStoreTheirFieldsAndTheNameIsCutAtFourteenBytes) {
+TEST(HwDatablockIdent, SettersNameCutAtFourteenBytesSwapAndShortImages) {
     ServiceRecorders services;
     HwDatablockIdent block;
     EXPECT_EQ(hex(block.getByteArrayData()), hex(freshImage(2, 44)));
@@ -44,7 +48,7 @@ TEST(HwDatablockIdent, SettersStoreTheirFieldsAndTheNameIsCutAtFourteenBytes) {
     block.setReadCode(7);
     block.setTestInstruction(1203);
     block.setName(QStringLiteral("SMB-B106"));
-    EXPECT_EQ(hex(block.getByteArrayData()), hex(filledIdentImage()));
+    EXPECT_EQ(hex(block.getByteArrayData()), hex(filled));
     EXPECT_EQ(printed(block), golden("ident/ident_filled.txt"));
 
     block.setName(QStringLiteral("0123456789ABCDEFGH"));
@@ -54,20 +58,15 @@ TEST(HwDatablockIdent, SettersStoreTheirFieldsAndTheNameIsCutAtFourteenBytes) {
     EXPECT_EQ(hex(block.getByteArrayData().mid(30)), "58 59 00 00 00 00 00 00 00 00 00 00 00 00");
 
     // The swap takes the record as it is, size word and checksum unchecked.
-    HwSDatablockIdent record = recordOf<HwSDatablockIdent>(filledIdentImage());
+    HwSDatablockIdent record = recordOf<HwSDatablockIdent>(filled);
     record.blockSize = 40;
     record.checksum = 0xbeef;
     block.swapBlock(&record);
-    EXPECT_EQ(block.getBlockSize(), 40);
-    EXPECT_EQ(block.getChecksum(), 0xbeef);
+    EXPECT_EQ(hex(block.getByteArrayData()), hex(recordBytes(record)));
     EXPECT_EQ(block.getSerialNumber(), 987654u);
-}
 
-TEST(HwDatablockIdent, ShortImagesReadZeroAndSwapInPlaceSafely) {
-    ServiceRecorders services;
-    HwDatablockIdent block;
-    const QByteArray full = filledIdentImage();
-    load(block, full.left(21));
+    // Short images read zero and swap in place safely.
+    load(block, filled.left(21));
     EXPECT_EQ(block.getProductIndex(), 105);
     EXPECT_EQ(block.getSerialNumber(), 0u);
     EXPECT_EQ(block.getName(), QString());
@@ -75,12 +74,11 @@ TEST(HwDatablockIdent, ShortImagesReadZeroAndSwapInPlaceSafely) {
     block.setSerialNumber(5);
     block.setName(QStringLiteral("X"));
     block.swapOwnImage();
-    EXPECT_EQ(block.getByteArrayData(), full.left(21));
-
-    load(block, full);
+    EXPECT_EQ(block.getByteArrayData(), filled.left(21));
+    load(block, filled);
     block.setDataFormatTyp(HwDataFormatConverted);
     block.swapOwnImage();
-    EXPECT_EQ(block.getByteArrayData(), full);
+    EXPECT_EQ(block.getByteArrayData(), filled);
     EXPECT_EQ(block.getDataFormatTyp(), HwDataFormatConverted);
     load(block, QByteArray());
     block.swapOwnImage();
@@ -187,4 +185,89 @@ TEST(HwDatablockCwop6VcoIdent, SettersLayoutAndTextForm) {
         hex(sealed(bytesOf({0x06, 0x29, 0x1c, 0, 0, 0, 0, 0, 0x70, 0x11, 0x01, 0x00, 1,   0, 2,
                             0,    3,    0,    4, 0, 5, 0, 6, 0,    7,    0,    0xff, 0xff}))));
     EXPECT_EQ(printed(block), golden("ident/vco.txt"));
+}
+
+TEST(HwDatablockEnd, ChecksumOperationsAnswerNeutrallyAndWordSettersStore) {
+    HwDatablockEnd block;
+    EXPECT_EQ(hex(block.getByteArrayData()), "ff ff 00 00");
+    EXPECT_EQ(block.getBlockSize(), 4);
+
+    load(block, bytesOf({0xff, 0xff, 0x12, 0x34, 0x56, 0x78}));
+    EXPECT_TRUE(block.verifyChecksum());
+    unsigned short words[3] = {1, 2, 3};
+    EXPECT_TRUE(block.verifyChecksum(words, 6, false));
+    EXPECT_EQ(block.computeChecksum(), 0);
+    EXPECT_EQ(block.computeChecksum(words, 6), 0);
+    EXPECT_EQ(block.getBlockSize(), 6); // the array's length
+    block.setChecksum(0xabcd);
+    block.setAlignment(9); // through setChecksum, which ignores it
+    EXPECT_EQ(hex(block.getByteArrayData()), "ff ff 12 34 56 78");
+
+    load(block, bytesOf({0xff, 0xff}));
+    EXPECT_EQ(block.getBlockSize(), 0);
+    block.setEndBlockData(7);
+    EXPECT_EQ(hex(block.getByteArrayData()), "ff ff");
+
+    load(block, bytesOf({0xff, 0xff, 0, 0}));
+    block.setEndBlockID(0x1234);
+    block.setEndBlockData(0xbeef);
+    EXPECT_EQ(hex(block.getByteArrayData()), "34 12 ef be");
+    block.setEndBlock();
+    EXPECT_EQ(hex(block.getByteArrayData()), "ff ff 00 00");
+
+    const HwSDatablockEnd record{0xfffe, 3};
+    EXPECT_EQ(block.setBlock(&record), 0);
+    EXPECT_EQ(hex(block.getByteArrayData()), "fe ff 03 00");
+    EXPECT_EQ(block.setBlock(nullptr), 1);
+    EXPECT_EQ(hex(block.getByteArrayData()), "fe ff 03 00");
+    EXPECT_EQ(printed(block), golden("ident/end.txt"));
+}
+
+TEST(HwModuleTypeTable, HostRowsGoBeforeTheTerminatorFirstCodeWins) {
+    HwModuleTypeTable table;
+    EXPECT_EQ(table.findByCode(0), nullptr);
+    EXPECT_TRUE(table.addRow(0, "Board-AZ"));
+    EXPECT_TRUE(table.addRow(1, "board-with-a-very-long-name-beyond-every-field"));
+    EXPECT_TRUE(table.addRow(1, "board-c"));
+    EXPECT_FALSE(table.addRow(HwModuleTypeTable::terminator()));
+    ASSERT_EQ(table.rowCount(), 4);
+    EXPECT_EQ(table.row(4), nullptr);
+    EXPECT_EQ(table.row(-1), nullptr);
+    EXPECT_EQ(hex(recordBytes(*table.row(3))), hex(row(190, "LAST", "LAST         ", "last")));
+    EXPECT_EQ(table.findByCode(190), table.row(3));
+    EXPECT_EQ(hex(recordBytes(*table.row(0))),
+              hex(row(0, "BOARD-AZ", "BOARD-AZ     ", "board-az")));
+    EXPECT_EQ(table.findByCode(1), table.row(1));
+    EXPECT_EQ(hex(recordBytes(*table.row(1))),
+              hex(row(1, "BOARD-WITH-A-VERY-LONG-NAME-BEY", "BOARD-WITH-A-",
+                      "board-with-a-very-long-name-beyon")));
+
+    while (table.rowCount() < HwModuleTypeTable::MaxRows)
+        ASSERT_TRUE(table.addRow(2, "filler"));
+    EXPECT_FALSE(table.addRow(3, "one-too-many"));
+    EXPECT_EQ(table.rowCount(), 192);
+    EXPECT_EQ(table.findByCode(3), nullptr);
+}
+
+TEST(HwModuleTypeTable, LoadedRowsStopAtTheirTerminator) {
+    QByteArray image = recordBytes(HwModuleTypeTable::makeRow(0x01020304, "ALPHA"));
+    image.append(recordBytes(HwModuleTypeTable::makeRow(7, "BETA")));
+    image.append(recordBytes(HwModuleTypeTable::terminator()));
+    image.append(recordBytes(HwModuleTypeTable::makeRow(8, "AFTER-THE-END")));
+    HwModuleTypeTable table;
+    EXPECT_EQ(table.loadRows(image), 2);
+    EXPECT_EQ(table.rowCount(), 3);
+    EXPECT_NE(table.findByCode(0x01020304), nullptr);
+    EXPECT_STREQ(table.findByCode(7)->stem, "beta");
+    EXPECT_EQ(table.findByCode(8), nullptr);
+
+    // A partial row and unterminated fields are handled without reading past them.
+    QByteArray raw(84 + 40, 'X');
+    raw[0] = 9;
+    raw[1] = raw[2] = raw[3] = 0;
+    HwModuleTypeTable other;
+    EXPECT_EQ(other.loadRows(raw), 1);
+    ASSERT_NE(other.findByCode(9), nullptr);
+    EXPECT_EQ(std::string(other.findByCode(9)->name), std::string(31, 'X'));
+    EXPECT_EQ(other.loadRows(QByteArray()), 0);
 }

@@ -35,13 +35,9 @@ using namespace Tupsim::test;
 
 namespace {
 
-// Header (id, size, checksum 0, alignment) followed by `body`; sealed unless told otherwise.
-QByteArray image(int id, int size, int alignment, const QByteArray& body, bool seal = true) {
-    QByteArray out = bytesOf({id, id >> 8, size, size >> 8, 0, 0, alignment, alignment >> 8});
-    out += body;
-    if (seal)
-        sealChecksum(out);
-    return out;
+// Header (id, size, checksum, alignment) followed by `body`, sealed.
+QByteArray image(int id, int size, int alignment, const QByteArray& body) {
+    return sealed(bytesOf({id, id >> 8, size, size >> 8, 0, 0, alignment, alignment >> 8}) + body);
 }
 
 QByteArray pattern(int length) {
@@ -75,12 +71,13 @@ template <typename Block, typename Record>
 Kind kind(const char* what, std::function<Block*()> make, QByteArray good, QByteArray accepted,
           std::vector<QByteArray> bad, const char* text = nullptr, int refusal = 1,
           const char* printout = "") {
+    const auto set = [](HwDatablock& block, const char* record) {
+        return static_cast<Block&>(block).setBlock(
+            reinterpret_cast<Record*>(const_cast<char*>(record)));
+    };
     return {what,
-            [make] { return make(); },
-            [](HwDatablock& block, const char* record) {
-                return static_cast<Block&>(block).setBlock(
-                    reinterpret_cast<Record*>(const_cast<char*>(record)));
-            },
+            make,
+            set,
             good,
             accepted.isNull() ? good : accepted,
             bad,
@@ -97,8 +94,7 @@ std::vector<Kind> kinds() {
     const QByteArray model =
         image(12001, 40, 0, QByteArray("SGX-4000 Generator").leftJustified(32, '\0'));
     const QByteArray serial = image(12000, 12, 4, bytesOf({77, 0, 0, 0}));
-    QByteArray macBody(248, '\xff');
-    macBody.replace(0, 10, bytesOf({6, 0, 0, 0, 1, 2, 3, 4, 5, 6}));
+    const QByteArray macBody = bytesOf({6, 0, 0, 0, 1, 2, 3, 4, 5, 6}).leftJustified(248, '\xff');
     const QByteArray mac = image(12004, 256, 0, macBody);
     QByteArray timeBody = QByteArray("2023-01-02").leftJustified(32, '\0') + bytesOf({2, 0, 0, 0});
     timeBody += bytesOf({0xaa, 0xbb}) + QByteArray(126, '\xff');
@@ -114,33 +110,28 @@ std::vector<Kind> kinds() {
                                        bytesOf({0, 0,    0,    0, 0x43, 0x74, 0xd7, 0, 2, 9,   201,
                                                 0, 0xb7, 0x86, 1, 0,    0x81, 0x3f, 3, 0, 100, 0}) +
                                            QByteArray("STREAM OPT").leftJustified(14, '\0'));
-    const auto words = [](std::initializer_list<int> values) {
-        QByteArray out;
-        for (int v : values)
-            out += bytesOf({v, v >> 8});
-        return out;
-    };
     const QByteArray modification =
-        image(110, 28, 4, words({33059, 16385, 65535, 0, 0, 0, 0, 0, 0, 5}));
-    const QByteArray modification110 = image(110, 28, 4, words({1, 2, 3, 4, 5, 6, 7, 8, 9, 10}));
+        image(110, 28, 4,
+              bytesOf({0x23, 0x81, 0x01, 0x40, 0xff, 0xff}).leftJustified(18, 0) + bytesOf({5, 0}));
+    const QByteArray modification110 =
+        image(110, 28, 4, bytesOf({1, 0, 2, 0, 3, 0, 4, 0, 5, 0, 6, 0, 7, 0, 8, 0, 9, 0, 10, 0}));
     const QByteArray list = image(120, 16, 0, bytesOf({1, 0, 0, 0, 2, 0, 0, 0}));
     const QByteArray satt3 = image(10604, 12, 0, bytesOf({99, 0, 0, 0}));
     const QByteArray satt6 = image(11203, 12, 0, bytesOf({1, 0, 0, 0}));
-    const QByteArray ipc = patched(
-        image(10000, 56, 0, QByteArray("Hello").leftJustified(48, '\0'), false), 4, {0xad, 0x0b});
+    const QByteArray ipc =
+        patched(image(10000, 56, 0, QByteArray("Hello").leftJustified(48, '\0')), 4, {0xad, 0x0b});
     const QByteArray ipcOther = image(10001, 12, 0, QByteArray("Hello").leftJustified(48, '\0'));
-    QByteArray ipc40 = bytesOf({0x38, 0x27, 0x5e, 0}) + QByteArray("ABCDEFGHIJKLMNOPQRSTUVWXYZ");
-    ipc40 = ipc40.leftJustified(94, '\0');
+    const QByteArray ipc40 =
+        (bytesOf({0x38, 0x27, 0x5e, 0}) + "ABCDEFGHIJKLMNOPQRSTUVWXYZ").leftJustified(94, '\0');
     const QByteArray sattc =
         bytesOf({0x24, 0x2c, 16, 0, 0xad, 0x0b, 0, 0, 12, 0, 0, 0, 0x80, 0x0d, 0, 0});
     const QByteArray common =
-        patched(image(11312, 524, 4, bytesOf({3, 0, 0, 0, 9, 8, 7, 6}) + QByteArray(508, 0), false),
-                4, {0x34, 0x12});
+        patched(image(11312, 524, 4, bytesOf({3, 0, 0, 0, 9, 8, 7, 6}) + QByteArray(508, 0)), 4,
+                {0x34, 0x12});
     const QByteArray misc = image(10301, 168, 4, pattern(160));
     const QByteArray v20 = image(10315, 116, 0, pattern(108));
     // 2 rows of 3 columns in a 4 x 10 table; another id word is taken as it is
-    QByteArray alcBody = bytesOf({2, 0, 0, 0, 3, 0, 0, 0}) + pattern(160);
-    const QByteArray alc = image(15732, 176, 0, alcBody);
+    const QByteArray alc = image(15732, 176, 0, bytesOf({2, 0, 0, 0, 3, 0, 0, 0}) + pattern(160));
     const QByteArray vtrim = image(12310, 56, 0, bytesOf({1, 0, 0, 0, 1, 0, 0, 0}) + pattern(40));
     using AlcData = HwDatablockBaseTemplate<int, int, 4, 10>;
     using Vtrim = HwDatablockTemplate<MiscData<int, 10, 1>, int, double, 10, 1>;
