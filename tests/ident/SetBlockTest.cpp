@@ -86,9 +86,10 @@ Kind kind(const char* what, std::function<Block*()> make, QByteArray good, QByte
             printout};
 }
 
-#define KIND(Name, ...)                                                                            \
+// A kind built with the constructor arguments `Args`.
+#define KIND(Name, Args, ...)                                                                      \
     kind<HwDatablock##Name, HwSDatablock##Name>(                                                   \
-        #Name, [] { return new HwDatablock##Name; }, __VA_ARGS__)
+        #Name, [] { return new HwDatablock##Name Args; }, __VA_ARGS__)
 
 std::vector<Kind> kinds() {
     const QByteArray model =
@@ -137,60 +138,52 @@ std::vector<Kind> kinds() {
     using Vtrim = HwDatablockTemplate<MiscData<int, 10, 1>, int, double, 10, 1>;
 
     return {
-        KIND(MbrdModel, model, {}, {spoiledImage(model)}, nullptr, 1, "ident/model.txt"),
+        KIND(MbrdModel, (), model, {}, {spoiledImage(model)}, nullptr, 1, "ident/model.txt"),
         // alignment cleared, the record's checksum kept
-        KIND(MbrdSerialNumber, serial, patched(serial, 6, {0}), {spoiledImage(serial)},
+        KIND(MbrdSerialNumber, (), serial, patched(serial, 6, {0}), {spoiledImage(serial)},
              "   HwSDatablockMbrdSerialNumber"),
         // id and size are checked too; the length is forced to the field's 16
-        KIND(MbrdMac, mac, patched(mac, 8, {16}),
+        KIND(MbrdMac, (), mac, patched(mac, 8, {16}),
              {image(12005, 256, 0, macBody), image(12004, 254, 0, macBody), spoiledImage(mac)},
              "   HwSDatablockMbrdMac", 1040000),
         kind<HwDatablockMbrdTimeMonitoringData, HwSDatablockMbrdTimeMonitoringDataEx>(
             "MbrdTimeMonitoringData", [] { return new HwDatablockMbrdTimeMonitoringData; }, time,
             {}, {image(12004, 172, 0, timeBody)}, "   HwSDatablockMbrdTimeMonitoringData", 1040000),
-        KIND(Cwop6VcoIdent, vco, {}, {spoiledImage(vco)}),
-        KIND(ServiceData, service, patched(service, 6, {0}), {spoiledImage(service)}),
-        KIND(Statistic, statistic, patched(statistic, 6, {0}), {spoiledImage(statistic)}),
-        KIND(Ident, ident, {}, {spoiledImage(ident)}, nullptr, 1, "ident/ident_id10.txt"),
+        KIND(Cwop6VcoIdent, (), vco, {}, {spoiledImage(vco)}),
+        KIND(ServiceData, (), service, patched(service, 6, {0}), {spoiledImage(service)}),
+        KIND(Statistic, (), statistic, patched(statistic, 6, {0}), {spoiledImage(statistic)}),
+        KIND(Ident, (), ident, {}, {spoiledImage(ident)}, nullptr, 1, "ident/ident_id10.txt"),
         // the size is fixed, the record's checksum kept
-        KIND(Ident, resized, patched(resized, 2, {44}), {}),
-        KIND(MiscIdent, miscIdent, {}, {spoiledImage(miscIdent)}, nullptr, 1,
+        KIND(Ident, (), resized, patched(resized, 2, {44}), {}),
+        KIND(MiscIdent, (), miscIdent, {}, {spoiledImage(miscIdent)}, nullptr, 1,
              "ident/miscident_opt.txt"),
         // the alignment is kept
-        KIND(Modification, modification, {}, {spoiledImage(modification)}, nullptr, 1,
+        KIND(Modification, (), modification, {}, {spoiledImage(modification)}, nullptr, 1,
              "ident/modification.txt"),
-        KIND(Modification110, modification110, {}, {spoiledImage(modification110)}, nullptr, 1,
+        KIND(Modification110, (), modification110, {}, {spoiledImage(modification110)}, nullptr, 1,
              "ident/modification110.txt"),
         // the size word says how much is taken; below the header it is refused
-        KIND(Modification120, list + "trailing bytes", list,
+        KIND(Modification120, (), list + "trailing bytes", list,
              {patched(list, 8, {9}), image(120, 6, 0, {})}),
         // id and size stay as constructed, the record's checksum is kept
-        kind<HwDatablockSAtt3OWLDCounter, HwSDatablockSAtt3OWLDCounter>(
-            "satt3", [] { return new HwDatablockSAtt3OWLDCounter(1); }, satt3,
-            patched(satt3, 0, {0x6d}), {spoiledImage(satt3)}, "   HwDatablockSAtt3OWLDCounter"),
-        kind<HwDatablockSAtt6OWLDCounter, HwSDatablockSAtt6OWLDCounter>(
-            "satt6", [] { return new HwDatablockSAtt6OWLDCounter(1); }, satt6,
-            patched(satt6, 0, {0xc4}), {spoiledImage(satt6)}, "   HwDatablockSAtt6OWLDCounter", 1,
-            "ident/satt6_second.txt"),
+        KIND(SAtt3OWLDCounter, (1), satt3, patched(satt3, 0, {0x6d}), {spoiledImage(satt3)}),
+        KIND(SAtt6OWLDCounter, (1), satt6, patched(satt6, 0, {0xc4}), {spoiledImage(satt6)},
+             nullptr, 1, "ident/satt6_second.txt"),
         // its own id and size pass unchecked; another id needs a good checksum and takes only
         // as many bytes as its size word
-        KIND(IpcUser10000, ipc, {}, {}, "", 1, "ident/ipc10000.txt"),
-        KIND(IpcUser10000, ipcOther, ipcOther.left(12) + QByteArray(44, 0),
+        KIND(IpcUser10000, (), ipc, {}, {}, "", 1, "ident/ipc10000.txt"),
+        KIND(IpcUser10000, (), ipcOther, ipcOther.left(12) + QByteArray(44, 0),
              {spoiledImage(ipcOther)}),
         // no checksum at all: the data start at byte 4
-        KIND(IpcUser10040, ipc40, {}, {patched(ipc40, 2, {0x5c})}, nullptr, 1,
+        KIND(IpcUser10040, (), ipc40, {}, {patched(ipc40, 2, {0x5c})}, nullptr, 1,
              "ident/ipc10040.txt"),
         // the record's checksum is ignored and a fresh one computed
-        kind<HwDatablockSAttCCounter, HwSDatablockSAttCCounter>(
-            "sattc", [] { return new HwDatablockSAttCCounter(VARIANT_SATTC_OVLDCOUNTER); }, sattc,
-            sealed(sattc), {}),
+        KIND(SAttCCounter, (VARIANT_SATTC_OVLDCOUNTER), sattc, sealed(sattc), {}),
         // unchecked; the data stop at the length, the checksum is the one sealed before they came
-        kind<HwDatablockCommonStatisticData, HwSDatablockCommonStatisticData>(
-            "common statistic",
-            [] { return new HwDatablockCommonStatisticData(VARIANT_POWERON_COUNT); }, common,
-            patched(image(11312, 524, 4, bytesOf({0, 2, 0, 0}) + QByteArray(512, 0)), 8,
-                    {3, 0, 0, 0, 9, 8, 7}),
-            {}),
+        KIND(CommonStatisticData, (VARIANT_POWERON_COUNT), common,
+             patched(image(11312, 524, 4, bytesOf({0, 2, 0, 0}) + QByteArray(512, 0)), 8,
+                     {3, 0, 0, 0, 9, 8, 7}),
+             {}),
         // the table templates name the id in the error
         kind<AlcData, AlcData::HwSDatablock>(
             "table", [] { return new AlcData("RFBO_ALC_DATA", 15731, 0, 1.0, false); }, alc, {},
@@ -198,8 +191,8 @@ std::vector<Kind> kinds() {
         kind<Vtrim, Vtrim::HwSDatablock>(
             "misc table", [] { return new Vtrim("PYM_DCON_VTRIM_VALUE", 12310, 0, 1.0, false); },
             vtrim, {}, {spoiledImage(vtrim)}, "12310"),
-        KIND(IqOp3RfmCalibDataMisc, misc, patched(misc, 6, {0}), {patched(misc, 150, {0})}),
-        KIND(IqOp3RfmCalibDataMiscV20, v20, {}, {patched(v20, 20, {0})}),
+        KIND(IqOp3RfmCalibDataMisc, (), misc, patched(misc, 6, {0}), {patched(misc, 150, {0})}),
+        KIND(IqOp3RfmCalibDataMiscV20, (), v20, {}, {patched(v20, 20, {0})}),
     };
 }
 
