@@ -91,7 +91,7 @@ TEST(HwDatablockMiscIdent, IdComesFromTheConstructorAndNamesOnlyTwoIds) {
     EXPECT_EQ(printed(other), golden("ident/miscident_other.txt"));
 }
 
-TEST(Mainboard, ModelIsWrittenUpTo31AndReadUpTo32BytesSerialNumberInText) {
+TEST(Mainboard, ModelSerialNumberMacAndTimeMonitoringFields) {
     ServiceRecorders services;
     HwDatablockMbrdModel block;
     EXPECT_EQ(block.getByteArrayData(), freshImage(12001, 40));
@@ -108,55 +108,51 @@ TEST(Mainboard, ModelIsWrittenUpTo31AndReadUpTo32BytesSerialNumberInText) {
     EXPECT_EQ(hex(serial.getByteArrayData()), "e0 2e 0c 00 00 00 00 00 00 00 00 00");
     serial.setSerialNumber(102030);
     EXPECT_EQ(printed(serial), golden("ident/serial.txt"));
-}
 
-TEST(HwDatablockMbrdMac, SetMacFillsWithFfAndLeavesTheChecksum) {
-    HwDatablockMbrdMac block;
-    EXPECT_EQ(block.getByteArrayData(), freshImage(12004, 256).left(12) + QByteArray(244, '\xff'));
+    HwDatablockMbrdMac macBlock;
+    EXPECT_EQ(macBlock.getByteArrayData(),
+              freshImage(12004, 256).left(12) + QByteArray(244, '\xff'));
     const unsigned char mac[6] = {0x00, 0x90, 0xb8, 0x01, 0x02, 0x03};
-    block.setMac(mac, 6);
-    EXPECT_EQ(hex(block.getByteArrayData().mid(4, 24)),
+    macBlock.setMac(mac, 6);
+    EXPECT_EQ(hex(macBlock.getByteArrayData().mid(4, 24)),
               "00 00 00 00 06 00 00 00 00 90 b8 01 02 03 ff ff ff ff ff ff ff ff ff ff");
     unsigned int length = 0;
-    EXPECT_EQ(QByteArray(reinterpret_cast<const char*>(block.getMac(&length)), 6),
-              block.getByteArrayData().mid(12, 6));
+    EXPECT_EQ(QByteArray(reinterpret_cast<const char*>(macBlock.getMac(&length)), 6),
+              macBlock.getByteArrayData().mid(12, 6));
     EXPECT_EQ(length, 6u);
 
     // More than the field holds: the length is stored, only 16 bytes are copied.
     const QByteArray many = QByteArray("0123456789abcdefghij");
-    block.setMac(reinterpret_cast<const unsigned char*>(many.constData()), 20);
-    EXPECT_EQ(block.getMacLength(), 20u);
-    EXPECT_EQ(block.getByteArrayData().mid(12), many.left(16) + QByteArray(228, '\xff'));
-    EXPECT_EQ(printed(block), "");
-}
+    macBlock.setMac(reinterpret_cast<const unsigned char*>(many.constData()), 20);
+    EXPECT_EQ(macBlock.getMacLength(), 20u);
+    EXPECT_EQ(macBlock.getByteArrayData().mid(12), many.left(16) + QByteArray(228, '\xff'));
+    EXPECT_EQ(printed(macBlock), "");
 
-TEST(HwDatablockMbrdTimeMonitoringData, DateAndDataSetters) {
-    HwDatablockMbrdTimeMonitoringData block;
-    EXPECT_EQ(block.getByteArrayData(), freshImage(12008, 172).left(44) + QByteArray(128, '\xff'));
-    block.setDate(QByteArray(31, 'y').constData());
-    EXPECT_EQ(block.getByteArrayData().mid(8, 32), QByteArray(31, 'y') + QByteArray(1, 0));
-    block.setDate("short");
-    EXPECT_EQ(block.getByteArrayData().mid(8, 32), QByteArray("short") + QByteArray(27, 0));
-    EXPECT_TRUE(sumsToZero(block.getByteArrayData()));
-    block.setDate(QByteArray(32, 'x').constData()); // too long: nothing changes
-    EXPECT_EQ(block.getDate(), QStringLiteral("short"));
+    HwDatablockMbrdTimeMonitoringData time;
+    EXPECT_EQ(time.getByteArrayData(), freshImage(12008, 172).left(44) + QByteArray(128, '\xff'));
+    time.setDate(QByteArray(31, 'y').constData());
+    EXPECT_EQ(time.getByteArrayData().mid(8, 32), QByteArray(31, 'y') + QByteArray(1, 0));
+    time.setDate("short");
+    EXPECT_EQ(time.getByteArrayData().mid(8, 32), QByteArray("short") + QByteArray(27, 0));
+    EXPECT_TRUE(sumsToZero(time.getByteArrayData()));
+    time.setDate(QByteArray(32, 'x').constData()); // too long: nothing changes
+    EXPECT_EQ(time.getDate(), QStringLiteral("short"));
 
     const unsigned char data[3] = {0x10, 0x20, 0x30};
-    block.setTimeMonitoringData(data, 3);
-    unsigned int length = 0;
-    ASSERT_NE(block.getTimeMonitoringData(&length), nullptr);
-    EXPECT_EQ(length, 3u);
-    EXPECT_EQ(block.getByteArrayData().mid(40),
+    time.setTimeMonitoringData(data, 3);
+    unsigned int timeLength = 0;
+    ASSERT_NE(time.getTimeMonitoringData(&timeLength), nullptr);
+    EXPECT_EQ(timeLength, 3u);
+    EXPECT_EQ(time.getByteArrayData().mid(40),
               bytesOf({3, 0, 0, 0, 0x10, 0x20, 0x30}) + QByteArray(125, '\xff'));
-    EXPECT_EQ(printed(block), "");
+    EXPECT_EQ(printed(time), "");
 
     // An import whose date field lacks its NUL keeps the date as it was.
-    ServiceRecorders services;
-    QByteArray image = block.getByteArrayData();
-    image.replace(8, 32, QByteArray(32, 'q'));
-    const auto record = sealed(recordOf<HwSDatablockMbrdTimeMonitoringDataEx>(image));
-    EXPECT_EQ(block.setBlock(&record), 0);
-    EXPECT_EQ(block.getDate(), QStringLiteral("short"));
+    QByteArray timeImage = time.getByteArrayData();
+    timeImage.replace(8, 32, QByteArray(32, 'q'));
+    const auto record = sealed(recordOf<HwSDatablockMbrdTimeMonitoringDataEx>(timeImage));
+    EXPECT_EQ(time.setBlock(&record), 0);
+    EXPECT_EQ(time.getDate(), QStringLiteral("short"));
 }
 
 TEST(HwDatablockCwop6VcoIdent, SettersLayoutAndTextForm) {
@@ -214,7 +210,7 @@ TEST(HwDatablockEnd, ChecksumOperationsAnswerNeutrallyAndWordSettersStore) {
     EXPECT_EQ(printed(block), golden("ident/end.txt"));
 }
 
-TEST(HwModuleTypeTable, HostRowsGoBeforeTheTerminatorFirstCodeWins) {
+TEST(HwModuleTypeTable, HostRowsGoBeforeTheTerminatorLoadedRowsStopAtIt) {
     HwModuleTypeTable table;
     EXPECT_EQ(table.findByCode(0), nullptr);
     EXPECT_TRUE(table.addRow(0, "Board-AZ"));
@@ -238,19 +234,17 @@ TEST(HwModuleTypeTable, HostRowsGoBeforeTheTerminatorFirstCodeWins) {
     EXPECT_FALSE(table.addRow(3, "one-too-many"));
     EXPECT_EQ(table.rowCount(), 192);
     EXPECT_EQ(table.findByCode(3), nullptr);
-}
 
-TEST(HwModuleTypeTable, LoadedRowsStopAtTheirTerminator) {
     QByteArray image = recordBytes(HwModuleTypeTable::makeRow(0x01020304, "ALPHA"));
     image.append(recordBytes(HwModuleTypeTable::makeRow(7, "BETA")));
     image.append(recordBytes(HwModuleTypeTable::terminator()));
     image.append(recordBytes(HwModuleTypeTable::makeRow(8, "AFTER-THE-END")));
-    HwModuleTypeTable table;
-    EXPECT_EQ(table.loadRows(image), 2);
-    EXPECT_EQ(table.rowCount(), 3);
-    EXPECT_NE(table.findByCode(0x01020304), nullptr);
-    EXPECT_STREQ(table.findByCode(7)->stem, "beta");
-    EXPECT_EQ(table.findByCode(8), nullptr);
+    HwModuleTypeTable loaded;
+    EXPECT_EQ(loaded.loadRows(image), 2);
+    EXPECT_EQ(loaded.rowCount(), 3);
+    EXPECT_NE(loaded.findByCode(0x01020304), nullptr);
+    EXPECT_STREQ(loaded.findByCode(7)->stem, "beta");
+    EXPECT_EQ(loaded.findByCode(8), nullptr);
 
     // A partial row and unterminated fields are handled without reading past them.
     QByteArray raw(84 + 40, 'X');

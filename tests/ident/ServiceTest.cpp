@@ -18,7 +18,7 @@
 using namespace Tupsim;
 using namespace Tupsim::test;
 
-TEST(HwDatablockServiceData, OperatingTimeAndDateSettersShareOneWord) {
+TEST(HwDatablockServiceData, OperatingTimeDateAndDepartmentFieldsTextForms) {
     HwDatablockServiceData block(VARIANT_SERVICE_200);
     block.setOpTimeTurnOn(5);
     block.setOpTimeHours(300000); // wider than 18 bits
@@ -40,23 +40,21 @@ TEST(HwDatablockServiceData, OperatingTimeAndDateSettersShareOneWord) {
     block.setServiceDateYear(1980 + 200); // masked to bits 15..9
     EXPECT_EQ(block.getOpTime(), 0xffff9185u);
     EXPECT_EQ(hex(block.getByteArrayData().mid(14, 2)), "b1 58");
-}
 
-TEST(HwDatablockServiceData, FreshDepartmentZerosDepartmentCutToSixBytesAndTextForms) {
     ServiceRecorders services;
     HwDatablockServiceData nameless;
     EXPECT_EQ(printed(nameless), golden("ident/service_nameless.txt"));
-    HwDatablockServiceData block(VARIANT_SERVICE_205);
-    EXPECT_EQ(hex(block.getByteArrayData()),
+    HwDatablockServiceData named(VARIANT_SERVICE_205);
+    EXPECT_EQ(hex(named.getByteArrayData()),
               "cd 00 18 00 00 00 00 00 30 30 30 30 30 30 00 00 00 00 00 00 00 00 00 00");
-    EXPECT_EQ(block.getServiceDataId(), 205u);
-    block.setDepartment("D12345XYZ");
-    block.setServiceDate(0x58b1);
-    block.setOpTimeHours(123456);
-    block.setRepairNumber(42);
-    block.setServiceCode(7);
-    EXPECT_EQ(std::string(block.getDepartment(), 6), "D12345");
-    EXPECT_EQ(printed(block), golden("ident/service.txt"));
+    EXPECT_EQ(named.getServiceDataId(), 205u);
+    named.setDepartment("D12345XYZ");
+    named.setServiceDate(0x58b1);
+    named.setOpTimeHours(123456);
+    named.setRepairNumber(42);
+    named.setServiceCode(7);
+    EXPECT_EQ(std::string(named.getDepartment(), 6), "D12345");
+    EXPECT_EQ(printed(named), golden("ident/service.txt"));
 
     HwDatablockStatistic statistic;
     EXPECT_EQ(hex(statistic.getByteArrayData()), "2c 01 0c 00 00 00 00 00 00 00 00 00");
@@ -143,12 +141,10 @@ void setImage(HwDatablockEventCount& block, const QByteArray& image) {
 
 } // namespace
 
-TEST(HwDatablockModification, EntryAccessAndSwapOfBothTenEntryKinds) {
+TEST(HwDatablockModification, EntryAccessAndSwapOfAllThreeKinds) {
     checkEntryAccessAndSwap<HwDatablockModification, HwSDatablockModification>();
     checkEntryAccessAndSwap<HwDatablockModification110, HwSDatablockModification110>();
-}
 
-TEST(HwDatablockModification120, CodesAreWholeWordsUpToTheEndOfTheImage) {
     HwDatablockModification120 block;
     EXPECT_EQ(hex(block.getByteArrayData()), "78 00 08 00 00 00 00 00");
 
@@ -171,7 +167,7 @@ TEST(HwDatablockModification120, CodesAreWholeWordsUpToTheEndOfTheImage) {
     EXPECT_EQ(block.getNumberOfServiceCode(), 0u);
 }
 
-TEST(HwDatablockSAttCCounter, ConstructedWithAValidChecksumAndTextFormById) {
+TEST(Counters, ValidChecksumsInstanceIdsAndTextForms) {
     HwDatablockSAttCCounter block(VARIANT_SATTC_HPCOUNTER);
     EXPECT_EQ(hex(block.getByteArrayData()), "26 2c 10 00 ca d3 00 00 00 00 00 00 00 00 00 00");
     EXPECT_EQ(block.getInstance(), VARIANT_SATTC_HPCOUNTER);
@@ -198,9 +194,7 @@ TEST(HwDatablockSAttCCounter, ConstructedWithAValidChecksumAndTextFormById) {
     }
     HwDatablockSAttCCounter unknown(static_cast<HwEVariantEepromDatablock>(11304));
     EXPECT_EQ(printed(unknown), "ID:               \nCOUNT_VALUE:    0\t\t0\n\n");
-}
 
-TEST(OwldCounters, InstanceIdsAndTextWithoutEmptyLine) {
     HwDatablockSAtt3OWLDCounter second(1);
     EXPECT_EQ(hex(second.getByteArrayData()), "6d 29 0c 00 00 00 00 00 00 00 00 00");
     EXPECT_EQ(printed(second), golden("ident/satt3_second.txt"));

@@ -69,21 +69,15 @@ struct Kind {
 
 template <typename Block, typename Record>
 Kind kind(const char* what, std::function<Block*()> make, QByteArray good, QByteArray accepted,
-          std::vector<QByteArray> bad, const char* text = nullptr, int refusal = 1,
-          const char* printout = "") {
+          std::vector<QByteArray> bad, const char* printout = "", const char* text = nullptr,
+          int refusal = 1) {
     const auto set = [](HwDatablock& block, const char* record) {
         return static_cast<Block&>(block).setBlock(
             reinterpret_cast<Record*>(const_cast<char*>(record)));
     };
-    return {what,
-            make,
-            set,
-            good,
-            accepted.isNull() ? good : accepted,
-            bad,
-            text != nullptr ? text : "   HwDatablock" + std::string(what),
-            refusal,
-            printout};
+    const std::string error = text != nullptr ? text : "   HwDatablock" + std::string(what);
+    return {what, make,  set,     good,    accepted.isNull() ? good : accepted,
+            bad,  error, refusal, printout};
 }
 
 // A kind built with the constructor arguments `Args`.
@@ -138,29 +132,29 @@ std::vector<Kind> kinds() {
     using Vtrim = HwDatablockTemplate<MiscData<int, 10, 1>, int, double, 10, 1>;
 
     return {
-        KIND(MbrdModel, (), model, {}, {spoiledImage(model)}, nullptr, 1, "ident/model.txt"),
+        KIND(MbrdModel, (), model, {}, {spoiledImage(model)}, "ident/model.txt"),
         // alignment cleared, the record's checksum kept
-        KIND(MbrdSerialNumber, (), serial, patched(serial, 6, {0}), {spoiledImage(serial)},
+        KIND(MbrdSerialNumber, (), serial, patched(serial, 6, {0}), {spoiledImage(serial)}, "",
              "   HwSDatablockMbrdSerialNumber"),
         // id and size are checked too; the length is forced to the field's 16
         KIND(MbrdMac, (), mac, patched(mac, 8, {16}),
-             {image(12005, 256, 0, macBody), image(12004, 254, 0, macBody), spoiledImage(mac)},
+             {image(12005, 256, 0, macBody), image(12004, 254, 0, macBody), spoiledImage(mac)}, "",
              "   HwSDatablockMbrdMac", 1040000),
         kind<HwDatablockMbrdTimeMonitoringData, HwSDatablockMbrdTimeMonitoringDataEx>(
             "MbrdTimeMonitoringData", [] { return new HwDatablockMbrdTimeMonitoringData; }, time,
-            {}, {image(12004, 172, 0, timeBody)}, "   HwSDatablockMbrdTimeMonitoringData", 1040000),
+            {}, {image(12004, 172, 0, timeBody)}, "", "   HwSDatablockMbrdTimeMonitoringData",
+            1040000),
         KIND(Cwop6VcoIdent, (), vco, {}, {spoiledImage(vco)}),
         KIND(ServiceData, (), service, patched(service, 6, {0}), {spoiledImage(service)}),
         KIND(Statistic, (), statistic, patched(statistic, 6, {0}), {spoiledImage(statistic)}),
-        KIND(Ident, (), ident, {}, {spoiledImage(ident)}, nullptr, 1, "ident/ident_id10.txt"),
+        KIND(Ident, (), ident, {}, {spoiledImage(ident)}, "ident/ident_id10.txt"),
         // the size is fixed, the record's checksum kept
         KIND(Ident, (), resized, patched(resized, 2, {44}), {}),
-        KIND(MiscIdent, (), miscIdent, {}, {spoiledImage(miscIdent)}, nullptr, 1,
-             "ident/miscident_opt.txt"),
+        KIND(MiscIdent, (), miscIdent, {}, {spoiledImage(miscIdent)}, "ident/miscident_opt.txt"),
         // the alignment is kept
-        KIND(Modification, (), modification, {}, {spoiledImage(modification)}, nullptr, 1,
+        KIND(Modification, (), modification, {}, {spoiledImage(modification)},
              "ident/modification.txt"),
-        KIND(Modification110, (), modification110, {}, {spoiledImage(modification110)}, nullptr, 1,
+        KIND(Modification110, (), modification110, {}, {spoiledImage(modification110)},
              "ident/modification110.txt"),
         // the size word says how much is taken; below the header it is refused
         KIND(Modification120, (), list + "trailing bytes", list,
@@ -168,15 +162,14 @@ std::vector<Kind> kinds() {
         // id and size stay as constructed, the record's checksum is kept
         KIND(SAtt3OWLDCounter, (1), satt3, patched(satt3, 0, {0x6d}), {spoiledImage(satt3)}),
         KIND(SAtt6OWLDCounter, (1), satt6, patched(satt6, 0, {0xc4}), {spoiledImage(satt6)},
-             nullptr, 1, "ident/satt6_second.txt"),
+             "ident/satt6_second.txt"),
         // its own id and size pass unchecked; another id needs a good checksum and takes only
         // as many bytes as its size word
-        KIND(IpcUser10000, (), ipc, {}, {}, "", 1, "ident/ipc10000.txt"),
+        KIND(IpcUser10000, (), ipc, {}, {}, "ident/ipc10000.txt", ""),
         KIND(IpcUser10000, (), ipcOther, ipcOther.left(12) + QByteArray(44, 0),
              {spoiledImage(ipcOther)}),
         // no checksum at all: the data start at byte 4
-        KIND(IpcUser10040, (), ipc40, {}, {patched(ipc40, 2, {0x5c})}, nullptr, 1,
-             "ident/ipc10040.txt"),
+        KIND(IpcUser10040, (), ipc40, {}, {patched(ipc40, 2, {0x5c})}, "ident/ipc10040.txt"),
         // the record's checksum is ignored and a fresh one computed
         KIND(SAttCCounter, (VARIANT_SATTC_OVLDCOUNTER), sattc, sealed(sattc), {}),
         // unchecked; the data stop at the length, the checksum is the one sealed before they came
@@ -187,10 +180,10 @@ std::vector<Kind> kinds() {
         // the table templates name the id in the error
         kind<AlcData, AlcData::HwSDatablock>(
             "table", [] { return new AlcData("RFBO_ALC_DATA", 15731, 0, 1.0, false); }, alc, {},
-            {spoiledImage(alc)}, "15732"),
+            {spoiledImage(alc)}, "", "15732"),
         kind<Vtrim, Vtrim::HwSDatablock>(
             "misc table", [] { return new Vtrim("PYM_DCON_VTRIM_VALUE", 12310, 0, 1.0, false); },
-            vtrim, {}, {spoiledImage(vtrim)}, "12310"),
+            vtrim, {}, {spoiledImage(vtrim)}, "", "12310"),
         KIND(IqOp3RfmCalibDataMisc, (), misc, patched(misc, 6, {0}), {patched(misc, 150, {0})}),
         KIND(IqOp3RfmCalibDataMiscV20, (), v20, {}, {patched(v20, 20, {0})}),
     };
