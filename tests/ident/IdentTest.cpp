@@ -33,7 +33,7 @@ QByteArray row(int code, const char* name, const char* label, const char* stem) 
 
 } // namespace
 
-TEST(HwDatablockIdent, SettersNameCutAtFourteenBytesSwapAndShortImages) {
+TEST(HwDatablockIdent, SettersNameCutAtFourteenBytesSwapShortImagesAndMiscIdent) {
     ServiceRecorders services;
     HwDatablockIdent block;
     EXPECT_EQ(hex(block.getByteArrayData()), hex(freshImage(2, 44)));
@@ -79,12 +79,8 @@ TEST(HwDatablockIdent, SettersNameCutAtFourteenBytesSwapAndShortImages) {
     block.swapOwnImage();
     EXPECT_TRUE(block.getByteArrayData().isEmpty());
     EXPECT_EQ(printed(block).substr(0, 24), "# Das sind die Kopfdaten");
-}
 
-TEST(HwDatablockMiscIdent, IdComesFromTheConstructorAndNamesOnlyTwoIds) {
-    ServiceRecorders services;
     HwDatablockMiscIdent aux(VARIANT_STREAM_AUX_IDENT);
-    EXPECT_EQ(aux.getMiscBlockId(), VARIANT_STREAM_AUX_IDENT);
     EXPECT_EQ(aux.getByteArrayData(), freshImage(10504, 44));
     EXPECT_EQ(printed(aux).substr(0, 31), "ID:           STREAM_AUX_IDENT\n");
     HwDatablockMiscIdent other(static_cast<HwEVariantEepromDatablock>(10505));
@@ -96,9 +92,7 @@ TEST(Mainboard, ModelSerialNumberMacAndTimeMonitoringFields) {
     HwDatablockMbrdModel block;
     EXPECT_EQ(block.getByteArrayData(), freshImage(12001, 40));
     // The last byte of the field is never written but is read.
-    QByteArray image = block.getByteArrayData();
-    image[39] = 'Z';
-    load(block, image);
+    load(block, freshImage(12001, 40).replace(39, 1, "Z"));
     block.setModel(QString(40, QLatin1Char('m')));
     EXPECT_EQ(block.getByteArrayData().mid(8), QByteArray(31, 'm') + "Z");
     EXPECT_EQ(block.getModel(), QString(31, QLatin1Char('m')) + "Z");
@@ -140,17 +134,15 @@ TEST(Mainboard, ModelSerialNumberMacAndTimeMonitoringFields) {
 
     const unsigned char data[3] = {0x10, 0x20, 0x30};
     time.setTimeMonitoringData(data, 3);
-    unsigned int timeLength = 0;
-    ASSERT_NE(time.getTimeMonitoringData(&timeLength), nullptr);
-    EXPECT_EQ(timeLength, 3u);
+    ASSERT_NE(time.getTimeMonitoringData(&length), nullptr);
+    EXPECT_EQ(length, 3u);
     EXPECT_EQ(time.getByteArrayData().mid(40),
               bytesOf({3, 0, 0, 0, 0x10, 0x20, 0x30}) + QByteArray(125, '\xff'));
     EXPECT_EQ(printed(time), "");
 
     // An import whose date field lacks its NUL keeps the date as it was.
-    QByteArray timeImage = time.getByteArrayData();
-    timeImage.replace(8, 32, QByteArray(32, 'q'));
-    const auto record = sealed(recordOf<HwSDatablockMbrdTimeMonitoringDataEx>(timeImage));
+    const auto record = sealed(recordOf<HwSDatablockMbrdTimeMonitoringDataEx>(
+        time.getByteArrayData().replace(8, 32, QByteArray(32, 'q'))));
     EXPECT_EQ(time.setBlock(&record), 0);
     EXPECT_EQ(time.getDate(), QStringLiteral("short"));
 }
