@@ -52,6 +52,12 @@ inline void sealChecksum(QByteArray& image) {
     putAt<unsigned short>(image, 4, static_cast<unsigned short>(-sum));
 }
 
+// The image with its checksum sealed.
+inline QByteArray sealed(QByteArray image) {
+    sealChecksum(image);
+    return image;
+}
+
 inline unsigned crcField(const QByteArray& block) {
     return valueAt<unsigned>(block, 8);
 }

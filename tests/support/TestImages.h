@@ -12,11 +12,6 @@
 namespace Tupsim {
 namespace test {
 
-inline QByteArray sealed(QByteArray block) {
-    sealChecksum(block);
-    return block;
-}
-
 inline QString hex4(unsigned value) {
     return QStringLiteral("0x%1").arg(value, 4, 16, QLatin1Char('0'));
 }
