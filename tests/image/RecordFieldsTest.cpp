@@ -42,7 +42,6 @@ TEST(RecordFields, SetStoresExactBytesOrRefusesWithTheFieldsRule) {
         const char* stored;
         const char* text;
     } cases[] = {
-        {2, 44, "EEPROMSIZE", "32768", 8, "00800000", "32768"},
         {2, 44, "partnumber", "1234.5678.03", 12, "4e61bc0003", "1234.5678.03"},
         {2, 44, "HWCODE", "255", 17, "ff", "255"},
         {2, 44, "PRODUCTINDEX", "03.01", 18, "2d01", "03.01"},
@@ -52,7 +51,6 @@ TEST(RecordFields, SetStoresExactBytesOrRefusesWithTheFieldsRule) {
         {2, 44, "TESTINSTRUCTION", "655.35", 28, "ffff", "655.35"},
         {2, 44, "NAME", "ABCDEFGHIJKLMN", 30, "4142434445464748494a4b4c4d4e", "ABCDEFGHIJKLMN"},
         {10, 44, "NAME", "X Y", 30, "5820590000", "X Y"},
-        {10502, 28, "JOBNR", "70000", 8, "70110100", "70000"},
         {10502, 28, "OSC1SUB_H", "513", 26, "0102", "513"},
         {12000, 12, "SN", "16909060", 8, "04030201", "16909060"},
         {12001, 40, "MODEL", "SMX100", 8, "534d5831303000", "SMX100"},
@@ -60,15 +58,11 @@ TEST(RecordFields, SetStoresExactBytesOrRefusesWithTheFieldsRule) {
         {200, 24, "SERVICEDATE", "1980-01-01", 14, "2100", "1980-01-01"},
         {200, 24, "OPHOURS", "00000/262143", 16, "ffff0300", "00000/262143"},
         {200, 24, "OPHOURS", "123456", 16, "40e20100", "00000/123456"},
-        {201, 24, "REPAIRNUMBER", "4711", 20, "6712", "4711"},
         {209, 24, "SERVICECODE", "17", 22, "1100", "17"},
         {300, 12, "OPHOURS", "4294967295", 8, "ffffffff", "4294967295"},
-        {100, 28, "SERVICECODE1", "17405", 8, "fd43", "17405"},
         {110, 28, "servicecode10", "65535", 26, "ffff", "65535"},
         {11300, 16, "COUNT_VALUE2", "9", 12, "09000000", "9"},
-        {11302, 16, "COUNT_VALUE1", "8", 8, "08000000", "8"},
         {10604, 12, "COUNT_VALUE", "3", 8, "03000000", "3"},
-        {11204, 12, "COUNT_VALUE", "4", 8, "04000000", "4"},
         {2, 44, "SERIAL", "1", -1, nullptr,
          "no field SERIAL; the block has ALIGNMENT, EEPROMSIZE, PARTNUMBER, HWCODE, "
          "PRODUCTINDEX, SN, PRODUCTDATE, READCODE, TESTINSTRUCTION, NAME"},
@@ -80,8 +74,6 @@ TEST(RecordFields, SetStoresExactBytesOrRefusesWithTheFieldsRule) {
         {2, 44, "SN", "-1", -1, nullptr,
          "SN: '-1' is not a whole number; the field takes a whole number from 0 to "
          "4294967295"},
-        {2, 44, "HWCODE", "256", -1, nullptr,
-         "HWCODE: '256' is out of range; the field takes a whole number from 0 to 255"},
         {2, 44, "NAME", "ABCDEFGHIJKLMNO", -1, nullptr,
          "NAME: 'ABCDEFGHIJKLMNO' is too long (15 characters); the field takes at "
          "most 14 printable ASCII characters"},
@@ -99,19 +91,12 @@ TEST(RecordFields, SetStoresExactBytesOrRefusesWithTheFieldsRule) {
          "NUMBER.SUB.VARIANT: a part number of at most 4294967295 written as its "
          "number, a dot and its four-digit sub-number, then a dot and the variant "
          "from 00 to 255"},
-        {200, 24, "DEPARTMENT", "ABCDEFG", -1, nullptr,
-         "DEPARTMENT: 'ABCDEFG' is too long (7 characters); the field takes at most 6 "
-         "printable ASCII characters"},
         {200, 24, "OPHOURS", "262144", -1, nullptr,
          "OPHOURS: '262144' is out of range; the field takes operating hours from 0 "
          "to 262143, as 00000/000000 or a plain number"},
         {12001, 40, "MODEL", "caf\u00e9", -1, nullptr,
          "MODEL: 'caf\u00e9' has a character that is not printable ASCII; the field "
          "takes at most 31 printable ASCII characters"},
-        {100, 28, "SERVICECODE11", "1", -1, nullptr,
-         "no field SERVICECODE11; the block has SERVICECODE1, SERVICECODE2, "
-         "SERVICECODE3, SERVICECODE4, SERVICECODE5, SERVICECODE6, SERVICECODE7, "
-         "SERVICECODE8, SERVICECODE9, SERVICECODE10"},
         {2, 20, "SN", "1", -1, nullptr, "SN cannot be set: the block has 20 bytes, its record 44"},
         {15730, 56, "SN", "1", -1, nullptr, "block 15730 has no named fields"},
     };
@@ -152,15 +137,13 @@ TEST(RecordEdit, ReportsEveryChangeAndTouchesOnlyItsBlock) {
     const RecordEdit edit = planRecordEdit(image, 2, 1, {{"sn", "5"}, {"NAME", "X"}});
     ASSERT_TRUE(edit.ok) << edit.error.toStdString();
     ASSERT_EQ(edit.changes.size(), 2);
-    EXPECT_EQ(edit.changes[0].field.toStdString(), "SN");
-    EXPECT_EQ(edit.changes[0].before.toStdString(), "0");
-    EXPECT_EQ(edit.changes[0].after.toStdString(), "5");
-    EXPECT_EQ(edit.checksumBefore, word(ident, 4));
+    EXPECT_EQ(QStringList({edit.changes[0].field, edit.changes[0].before, edit.changes[0].after}),
+              QStringList({"SN", "0", "5"}));
     QString error;
     ASSERT_TRUE(applyRecordEdit(image, edit, error)) << error.toStdString();
-    EXPECT_TRUE(image.ok());
-    EXPECT_EQ(hex(image.blockBytes(0).mid(20, 4)), "05 00 00 00");
-    EXPECT_EQ(image.bytes().mid(44), before.mid(44));
+    QByteArray expected = ident;
+    expected.replace(20, 4, bytesOf({5, 0, 0, 0})).replace(30, 1, "X");
+    EXPECT_EQ(hex(image.bytes()), hex(sealed(expected) + before.mid(44)));
 }
 
 TEST(ImageRepair, RestoresTheChecksumAndCrcAndRefusesWhatTheWalkCannotDelimit) {
@@ -168,22 +151,13 @@ TEST(ImageRepair, RestoresTheChecksumAndCrcAndRefusesWhatTheWalkCannotDelimit) {
     described[12] = 0x42;
     sealCrc(described);
     const QByteArray original = chain({fresh(300, 12), sealed(described)});
-    ASSERT_TRUE(EepromImage::fromBytes(original).ok());
-
     QByteArray corrupted = original;
     corrupted[4] = static_cast<char>(corrupted[4] ^ 0x55);        // statistics checksum
     corrupted[12 + 8] = static_cast<char>(corrupted[12 + 8] ^ 1); // CRC-32 of block 20010
     EepromImage broken = EepromImage::fromBytes(corrupted);
-    const RepairPlan plan = planRepair(broken);
-    ASSERT_EQ(plan.repairs.size(), 2);
-    EXPECT_TRUE(plan.repairs[0].checksum);
-    EXPECT_FALSE(plan.repairs[0].crc);
-    EXPECT_TRUE(plan.repairs[1].crc);
-    EXPECT_TRUE(plan.refused.isEmpty());
     QString error;
-    ASSERT_TRUE(applyRepair(broken, plan, error));
+    ASSERT_TRUE(applyRepair(broken, planRepair(broken), error));
     EXPECT_EQ(hex(broken.bytes()), hex(original));
-    EXPECT_TRUE(planRepair(broken).nothingToDo());
     EXPECT_EQ(planRepair(EepromImage::fromBytes(corrupted), 20010).repairs.size(), 1);
 
     QByteArray cut = corrupted.left(12 + 8);
