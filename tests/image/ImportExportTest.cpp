@@ -46,66 +46,33 @@ TEST(ImageExport, SampleAndTablesOverTheirCapacity) {
     EXPECT_EQ(exportBlock(tooMany, 14), "");
 }
 
-TEST(ImageImport, EditedCellChangesThatCellAndTheChecksumOnly) {
+TEST(ImageImport, EditsAreNamedInTheBlocksTermsAndTheRestIsListedAsSkipped) {
     const EepromImage image = sample();
-    const QByteArray text = example("sample.cal");
-    const ImportPlan same = planImport(image, text);
+    const ImportPlan same = planImport(image, example("sample.cal"));
     ASSERT_TRUE(same.ok) << same.error.toStdString();
     EXPECT_EQ(same.changedCount(), 0);
     EXPECT_EQ(same.blocks.size(), 12); // eight tables and four records
 
-    const ImportPlan plan = planImport(image, sampleCalWithEditedCell());
-    ASSERT_TRUE(plan.ok) << plan.error.toStdString();
-    ASSERT_EQ(plan.changedCount(), 1);
-    const ImportedBlock* alc = findBlock(plan, 15731);
-    ASSERT_NE(alc, nullptr);
-    QByteArray expected = image.blockBytes(5);
-    expected[16 + (10 + 3) * 4] = static_cast<char>(2050 & 0xFF); // row 1, column 3
-    expected[16 + (10 + 3) * 4 + 1] = static_cast<char>(2050 >> 8);
-    sealChecksum(expected);
-    EXPECT_EQ(hex(alc->after), hex(expected));
-    EXPECT_EQ(alc->note, QStringLiteral("1 cell changed, checksum %1 -> %2")
-                             .arg(hex4(word(image.blockBytes(5), 4)), hex4(word(expected, 4))));
-    EepromImage copy = image;
-    QString error;
-    ASSERT_TRUE(applyImport(copy, plan, error));
-    EXPECT_EQ(copy.bytes(), QByteArray(image.bytes()).replace(0xa4, 176, expected));
-}
-
-TEST(ImageImport, RecordSectionsReadBackAndTheRestIsListedAsSkipped) {
-    const EepromImage image = sample();
-    const QByteArray edited = editLine(example("sample.cal"), "ID:              IDENT_2",
-                                       "SN:", "SN:              999999") +
-                              "\nID:  NO_SUCH_BLOCK\n";
-    const ImportPlan plan = planImport(image, edited);
-    ASSERT_TRUE(plan.ok && plan.changedCount() == 1 && findBlock(plan, 2) != nullptr);
-    EXPECT_EQ(findBlock(plan, 2)->note, "SN 102345 -> 999999, checksum 0xd013 -> 0x1d8f");
-    QStringList skipped;
-    for (const SkippedSection& section : plan.skipped)
-        skipped
-            << QStringLiteral("%1 %2: %3").arg(section.name).arg(section.line).arg(section.reason);
-    EXPECT_EQ(skipped, QStringList({"USER_20010 118: self-describing blocks are not imported",
-                                    "NO_SUCH_BLOCK 135: no block of the image has this name"}));
-}
-
-TEST(ImageImport, CountIndexAndDescriptorEditsAreNamedInTheTablesTerms) {
     const QString att = QStringLiteral("ID:  RFBO_ATT_CAL_VEC_DATA");
-    QByteArray text = example("sample.cal");
+    QByteArray text = sampleCalWithEditedCell();
+    text = editLine(text, "ID:              IDENT_2", "SN:", "SN:              999999");
     text = editLine(text, "ID:  RFBO_ALC_FREQ", "COUNT:", "COUNT:  9*1");
-    // 20 junk lines where 5 are allowed.
-    text.replace("ID:  RFBO_ATT_CAL_VEC_DATA\n",
-                 "ID:  RFBO_ATT_CAL_VEC_DATA\n" + QByteArray("junk\n").repeated(20));
-    text = editLine(text, att, "COUNT:", "COUNT:  4*6"); // one column more than the rows hold
+    // 20 junk lines where 5 are allowed, and one column more than the rows hold.
+    text.replace(att.toUtf8() + "\n", att.toUtf8() + "\n" + QByteArray("junk\n").repeated(20));
+    text = editLine(text, att, "COUNT:", "COUNT:  4*6");
     text = editLine(text, att, "20: ", "25: \t2006.000\t2003.000\t1997.000\t1991.000\t1982.000");
-    text =
-        editLine(text, "ID:  RFBO_EXT_CAL_VEC_USER_DATA", "DESCRIPTOR7:", "DESCRIPTOR7: PATH_RF_C");
-    const ImportPlan plan = planImport(sample(), text);
+    text = editLine(text, "ID:  RFBO_EXT_CAL_VEC_USER_DATA",
+                    "DESCRIPTOR7:", "DESCRIPTOR7: PATH_RF_C") +
+           "\nID:  NO_SUCH_BLOCK\n";
+    const ImportPlan plan = planImport(image, text);
     ASSERT_TRUE(plan.ok) << plan.error.toStdString();
-    EXPECT_EQ(plan.changedCount(), 3);
+    EXPECT_EQ(plan.changedCount(), 5);
     const struct {
         quint16 id;
         const char* change;
-    } expected[] = {{15730, "1 cell changed, counts 10*1 -> 9*1"},
+    } expected[] = {{2, "SN 102345 -> 999999"},
+                    {15730, "1 cell changed, counts 10*1 -> 9*1"},
+                    {15731, "1 cell changed"},
                     {15843, "0 cells changed, counts 4*5 -> 4*6, 1 index changed"},
                     {16003, "0 cells changed, 1 descriptor changed"}};
     for (const auto& e : expected) {
@@ -116,19 +83,37 @@ TEST(ImageImport, CountIndexAndDescriptorEditsAreNamedInTheTablesTerms) {
                       .arg(e.change, hex4(word(block->before, 4)), hex4(word(block->after, 4))));
         EXPECT_EQ(word(sealed(block->after), 4), word(block->after, 4)) << e.id;
     }
+    EXPECT_EQ(valueAt<quint32>(findBlock(plan, 2)->after, 20), 999999u);
+    QByteArray alc = image.blockBytes(5);
+    putAt<qint32>(alc, 16 + (10 + 3) * 4, 2050); // row 1, column 3
+    EXPECT_EQ(hex(findBlock(plan, 15731)->after), hex(sealed(alc)));
+    HwDatablockTeshRfboAttCalVecData table;
+    load(table, findBlock(plan, 15843)->after);
+    EXPECT_EQ(std::make_tuple(table.getIndex(2), table.getColCount(), table.getCalValue(2, 4)),
+              std::make_tuple(25, 6u, 1982));
     // 15 complaints about the junk and 4 about the rows, summarised.
     QStringList complaints;
     for (int line = 73; line <= 77; ++line)
         complaints << QStringLiteral(
                           "line %1: ERROR: Number of lines between ID and Count to large")
                           .arg(line);
-    complaints << "... and 14 more lines like this";
-    EXPECT_EQ(findBlock(plan, 15843)->complaints, complaints);
-    HwDatablockTeshRfboAttCalVecData table;
-    const QByteArray after = findBlock(plan, 15843)->after;
-    load(table, after);
-    EXPECT_EQ(std::make_tuple(table.getIndex(2), table.getColCount(), table.getCalValue(2, 4)),
-              std::make_tuple(25, 6u, 1982));
+    EXPECT_EQ(findBlock(plan, 15843)->complaints, complaints << "... and 14 more lines like this");
+    QStringList skipped;
+    for (const SkippedSection& section : plan.skipped)
+        skipped
+            << QStringLiteral("%1 %2: %3").arg(section.name).arg(section.line).arg(section.reason);
+    EXPECT_EQ(skipped, QStringList({"USER_20010 138: self-describing blocks are not imported",
+                                    "NO_SUCH_BLOCK 155: no block of the image has this name"}));
+
+    EepromImage copy = image;
+    QByteArray bytes = image.bytes();
+    for (const auto& e : expected) {
+        const ImportedBlock* block = findBlock(plan, e.id);
+        bytes.replace(block->offset, block->before.size(), block->after);
+    }
+    QString error;
+    ASSERT_TRUE(applyImport(copy, plan, error));
+    EXPECT_EQ(copy.bytes(), bytes);
 }
 
 TEST(ImageImport, ValuesThatOnlyRoundInTextKeepTheirStoredBytes) {
@@ -248,13 +233,7 @@ TEST(ImageImport, MalformedSectionsStopThePlanWithSectionAndLine) {
 }
 
 TEST(TableChange, NamesEveryKindOfChangeWithItsCount) {
-    TableChange change;
-    change.rowsBefore = change.rowsAfter = 4;
-    change.colsBefore = 10;
-    change.colsAfter = 11;
-    change.cells = 1;
-    change.indexes = 2;
-    change.descriptors = 3;
+    const TableChange change{4, 10, 4, 11, 1, 2, 3};
     EXPECT_EQ(change.text(),
               "1 cell changed, counts 4*10 -> 4*11, 2 indexes changed, 3 descriptors changed");
     EXPECT_EQ(change.differences(),
