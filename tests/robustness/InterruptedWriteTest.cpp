@@ -6,38 +6,11 @@
 #include <EepromImage.h>
 
 #include <chrono>
-#include <csignal>
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <random>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
 
 using namespace Tupsim::test;
-
-namespace {
-
-// Runs `epromtool import IMAGE TEXT` with its output silenced; the child's process id.
-pid_t startImport(const QByteArray& image, const QByteArray& text) {
-    const pid_t child = fork();
-    if (child == 0) {
-        const int null = ::open("/dev/null", O_WRONLY);
-        dup2(null, STDOUT_FILENO);
-        dup2(null, STDERR_FILENO);
-        execl(EPROMTOOL_BINARY, EPROMTOOL_BINARY, "import", image.constData(), text.constData(),
-              static_cast<char*>(nullptr));
-        _exit(127);
-    }
-    return child;
-}
-
-int waitFor(pid_t child) {
-    int status = 0;
-    return waitpid(child, &status, 0) == child ? status : -1;
-}
-
-} // namespace
 
 TEST(InterruptedWrite, ImportKilledAtRandomLeavesOldOrNewBytes) {
     ToolHarness tool;
@@ -54,15 +27,27 @@ TEST(InterruptedWrite, ImportKilledAtRandomLeavesOldOrNewBytes) {
     ASSERT_GE(cell, 0);
     text.replace(cell, 8, "1813.000"); // one cell of every RFBO_ALC_DATA block
     tool.write("edit.cal", text);
-    const QByteArray image = tool.path("image.eeprom").toLocal8Bit();
-    const QByteArray textPath = tool.path("edit.cal").toLocal8Bit();
+    // Runs `epromtool import` with its output silenced, killed after `killAfter` microseconds
+    // unless that is negative; the exit code, -1 when killed.
+    const auto import = [&](long long killAfter) {
+        QProcess process;
+        process.setStandardOutputFile(QProcess::nullDevice());
+        process.setStandardErrorFile(QProcess::nullDevice());
+        process.start(QStringLiteral(EPROMTOOL_BINARY),
+                      {"import", tool.path("image.eeprom"), tool.path("edit.cal")});
+        if (killAfter >= 0) {
+            std::this_thread::sleep_for(std::chrono::microseconds(killAfter));
+            process.kill();
+        }
+        process.waitForFinished(-1);
+        return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    };
 
     // One run to the end: the new bytes, and how long a whole import takes.
     tool.write("image.eeprom", before);
     const auto start = std::chrono::steady_clock::now();
-    const int status = waitFor(startImport(image, textPath));
+    ASSERT_EQ(import(-1), 0);
     const auto whole = std::chrono::steady_clock::now() - start;
-    ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
     const QByteArray after = tool.read("image.eeprom");
     ASSERT_TRUE(after.size() == before.size() && after != before);
     EXPECT_EQ(tool.read("image.eeprom.bak"), before);
@@ -77,10 +62,7 @@ TEST(InterruptedWrite, ImportKilledAtRandomLeavesOldOrNewBytes) {
             if (left != QStringLiteral("edit.cal"))
                 QFile::remove(tool.path(left));
         tool.write("image.eeprom", before);
-        const pid_t child = startImport(image, textPath);
-        std::this_thread::sleep_for(std::chrono::microseconds(moment(random)));
-        kill(child, SIGKILL);
-        interrupted += WIFSIGNALED(waitFor(child)) ? 1 : 0;
+        interrupted += import(moment(random)) < 0 ? 1 : 0;
         const QByteArray now = tool.read("image.eeprom");
         const bool backup = tool.entries().contains("image.eeprom.bak");
         EXPECT_TRUE((now == before || now == after) &&

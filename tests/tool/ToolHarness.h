@@ -15,7 +15,7 @@ struct ToolResult {
     int exitCode = -1; // -1: did not finish normally
     QString out;
     QString err;
-    QStringList outLines() const { return out.split(QLatin1Char('\n'), QString::SkipEmptyParts); }
+    QStringList outLines() const { return out.split(QLatin1Char('\n'), Qt::SkipEmptyParts); }
 };
 
 class ToolHarness {
