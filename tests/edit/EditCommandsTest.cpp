@@ -23,12 +23,11 @@ TEST_F(EditCommands, SetChangesOnlyThatBlockAndVerifiesClean) {
         const char* id;
         const char* assignment;
         const char* line; // the report's line of the field
-        int blockOffset;
     } cases[] = {
-        {"2", "SN=123456", "  SN        102345 -> 123456", 0x0000},
-        {"200", "OPHOURS=99", "  OPHOURS   00000/012345 -> 00000/000099", 0x002c},
-        {"300", "ophours=15873", "  OPHOURS   15872 -> 15873", 0x0044},
-        {"100", "SERVICECODE3=1", "  SERVICECODE3  32832 -> 1", 0x0050},
+        {"2", "SN=123456", "  SN        102345 -> 123456"},
+        {"200", "OPHOURS=99", "  OPHOURS   00000/012345 -> 00000/000099"},
+        {"300", "ophours=15873", "  OPHOURS   15872 -> 15873"},
+        {"100", "SERVICECODE3=1", "  SERVICECODE3  32832 -> 1"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.assignment);
@@ -38,31 +37,23 @@ TEST_F(EditCommands, SetChangesOnlyThatBlockAndVerifiesClean) {
         EXPECT_TRUE(set.outLines().contains(c.line)) << set.out.toStdString();
         EXPECT_EQ(set.outLines().last(), "wrote s.eeprom, previous kept as s.eeprom.bak");
         EXPECT_EQ(tool.run({"verify", "s.eeprom"}).exitCode, 0);
-        const QStringList diff = tool.run({"diff", "s.eeprom.bak", "s.eeprom"}).outLines();
-        EXPECT_TRUE(diff.value(0).startsWith(
-            QStringLiteral("changed block %1 at %2:").arg(c.id, hex4(c.blockOffset))));
-        EXPECT_EQ(diff.value(1), "1 difference: 1 changed, 0 removed, 0 added");
+        EXPECT_EQ(tool.run({"diff", "s.eeprom.bak", "s.eeprom"}).outLines().value(1),
+                  "1 difference: 1 changed, 0 removed, 0 added");
     }
 }
 
 TEST_F(EditCommands, SetRefusalsGiveOneLineTheExitCodeAndWriteNothing) {
     const struct {
         QStringList arguments;
-        int code;
+        int code; // 64: the message ends with " (see 'epromtool set --help')"
         const char* error;
     } cases[] = {
-        {{"--id", "2"}, 64, "set: no FIELD=VALUE given (see 'epromtool set --help')"},
-        {{"--id", "2", "SN"},
-         64,
-         "set: 'SN' is not an assignment FIELD=VALUE (see 'epromtool set --help')"},
-        {{"--id", "2", "=5"}, 64, "set: '=5' names no field (see 'epromtool set --help')"},
-        {{"--id", "2", "SN==5"},
-         64,
-         "set: 'SN==5' has '==': write FIELD=VALUE (see 'epromtool set --help')"},
-        {{"SN=5"}, 64, "set: missing --id N (see 'epromtool set --help')"},
-        {{"--id", "2", "--index", "0", "SN=5"},
-         64,
-         "set: '0' is not a block number from 1 on (see 'epromtool set --help')"},
+        {{"--id", "2"}, 64, "set: no FIELD=VALUE given"},
+        {{"--id", "2", "SN"}, 64, "set: 'SN' is not an assignment FIELD=VALUE"},
+        {{"--id", "2", "=5"}, 64, "set: '=5' names no field"},
+        {{"--id", "2", "SN==5"}, 64, "set: 'SN==5' has '==': write FIELD=VALUE"},
+        {{"SN=5"}, 64, "set: missing --id N"},
+        {{"--id", "2", "--index", "0", "SN=5"}, 64, "set: '0' is not a block number from 1 on"},
         {{"--id", "7", "SN=5"}, 2, "s.eeprom: no block with id 7; nothing written"},
         {{"--id", "15730", "SN=5"},
          2,
@@ -83,7 +74,9 @@ TEST_F(EditCommands, SetRefusalsGiveOneLineTheExitCodeAndWriteNothing) {
     for (const auto& c : cases) {
         const ToolResult result = tool.run(QStringList{"set", "s.eeprom"} + c.arguments);
         EXPECT_EQ(result.exitCode, c.code) << c.error;
-        EXPECT_EQ(result.err.toStdString(), std::string("epromtool: ") + c.error + "\n");
+        EXPECT_EQ(result.err.toStdString(),
+                  std::string("epromtool: ") + c.error +
+                      (c.code == 64 ? " (see 'epromtool set --help')\n" : "\n"));
         EXPECT_EQ(result.out, "");
     }
     const ToolResult dry = tool.run({"set", "s.eeprom", "--id", "2", "SN=7", "--dry-run"});

@@ -4,10 +4,10 @@
 
 #include <BlockCatalogue.h>
 #include <HwDatablockOldStyleInterpreter.h>
+#include <QRegularExpression>
 #include <cxxabi.h>
 #include <gtest/gtest.h>
 #include <memory>
-#include <sstream>
 #include <typeinfo>
 
 using namespace Tupsim;
@@ -16,15 +16,10 @@ namespace {
 
 // What a block prints behind the first "ID:" that opens a line, trimmed; "<none>" without one.
 std::string printedId(HwDatablock& block) {
-    std::istringstream in(test::printed(block));
-    for (std::string line; std::getline(in, line);) {
-        if (line.compare(0, 3, "ID:") != 0)
-            continue;
-        const std::size_t first = line.find_first_not_of(" \t", 3);
-        const std::size_t last = line.find_last_not_of(" \t\r");
-        return first == std::string::npos ? std::string() : line.substr(first, last - first + 1);
-    }
-    return "<none>";
+    const QRegularExpressionMatch match =
+        QRegularExpression("^ID:[ \t]*(.*?)[ \t\r]*$", QRegularExpression::MultilineOption)
+            .match(QString::fromStdString(test::printed(block)));
+    return match.hasMatch() ? match.captured(1).toStdString() : "<none>";
 }
 
 std::string demangled(const std::type_info& type) {
