@@ -91,43 +91,37 @@ TEST(Tool, BrokenChainsExitWithTwoAndNothingIsWritten) {
 // command line with 64: one line on stderr each, and nothing written.
 TEST(Tool, BadPathsAndCommandLines) {
     ToolHarness tool;
-    tool.write("good.bin", goodImage());
-    tool.write("sample.eeprom", example("sample.eeprom"));
+    tool.write("g", goodImage());
+    tool.write("s.eeprom", example("sample.eeprom"));
     tool.write("bad.cal",
                editLine(example("sample.cal"), "ID:  RFBO_ALC_DATA", "COUNT:", "COUNT:  5*10"));
-    tool.write("cal.txt", exportImage(EepromImage::fromBytes(goodImage())).c_str());
-    tool.write("blocker", "a file where a folder should be");
-    QDir(tool.path(".")).mkdir("folder");
+    tool.write("c", exportImage(EepromImage::fromBytes(goodImage())).c_str());
+    tool.write("file", "a file where a folder should be");
+    QDir(tool.path(".")).mkdir("dir");
     const struct {
         QStringList arguments;
         int exitCode;
         const char* err; // the start of the line
     } cases[] = {
-        {{"list", "nope.bin"}, 2, "cannot read nope.bin: No such file or directory\n"},
-        {{"verify", "folder"}, 2, "cannot read folder: Is a directory\n"},
-        {{"import", "good.bin", "folder"}, 2, "cannot read folder: Is a directory\n"},
-        {{"export", "good.bin", "--id", "2", "--id", "9", "-o", "x.txt"},
-         2,
-         "good.bin: no block with id 9\n"},
-        {{"export", "good.bin", "-o", "blocker/cal.txt"}, 3, "cannot write blocker/cal.txt: "},
-        {{"import", "good.bin", "cal.txt", "-o", "blocker/new.bin"},
+        {{"list", "nope"}, 2, "cannot read nope: No such file or directory\n"},
+        {{"verify", "dir"}, 2, "cannot read dir: Is a directory\n"},
+        {{"import", "g", "dir"}, 2, "cannot read dir: Is a directory\n"},
+        {{"export", "g", "--id", "2", "--id", "9", "-o", "x"}, 2, "g: no block with id 9\n"},
+        {{"export", "g", "-o", "file/c"}, 3, "cannot write file/c: "},
+        {{"import", "g", "c", "-o", "file/new.bin"}, 3, "cannot write file/new.bin: "},
+        {{"import", "g", "c", "-o", "dir"},
          3,
-         "cannot write blocker/new.bin: "},
-        {{"import", "good.bin", "cal.txt", "-o", "folder"},
-         3,
-         "cannot write folder: Is a directory; folder left as it is\n"},
-        {{"sample", "-o", "blocker/s.eeprom"}, 3, "cannot write blocker/s.eeprom: "},
+         "cannot write dir: Is a directory; dir left as it is\n"},
+        {{"sample", "-o", "file/s.eeprom"}, 3, "cannot write file/s.eeprom: "},
         {{}, 64, "no command given (see 'epromtool --help')\n"},
         {{"frob"}, 64, "unknown command 'frob' (see 'epromtool --help')\n"},
         {{"list"}, 64, "list: missing IMAGE"},
         {{"list", "a", "b"}, 64, "list: unexpected argument 'b'"},
-        {{"show", "good.bin"}, 64, "show: missing --id N"},
-        {{"show", "good.bin", "--id", "65536"}, 64, "show: '65536' is not a block id"},
-        {{"export", "good.bin", "--id", "0xZZ", "-o", "x.txt"},
-         64,
-         "export: '0xZZ' is not a block id"},
+        {{"show", "g"}, 64, "show: missing --id N"},
+        {{"show", "g", "--id", "65536"}, 64, "show: '65536' is not a block id"},
+        {{"export", "g", "--id", "0xZZ", "-o", "x"}, 64, "export: '0xZZ' is not a block id"},
         {{"sample"}, 64, "sample: missing -o FILE"},
-        {{"import", "sample.eeprom", "bad.cal"},
+        {{"import", "s.eeprom", "bad.cal"},
          2,
          "bad.cal: section RFBO_ALC_DATA, line 53: row count 5 above the capacity 4; nothing "
          "written\n"},
@@ -143,10 +137,9 @@ TEST(Tool, BadPathsAndCommandLines) {
             EXPECT_EQ(result.out, "");
         }
     }
-    EXPECT_EQ(tool.entries(), QStringList({"bad.cal", "blocker", "cal.txt", "folder", "good.bin",
-                                           "sample.eeprom"}));
-    EXPECT_EQ(tool.read("good.bin"), goodImage());
-    EXPECT_EQ(tool.read("sample.eeprom"), example("sample.eeprom"));
+    EXPECT_EQ(tool.entries(), QStringList({"bad.cal", "c", "dir", "file", "g", "s.eeprom"}));
+    EXPECT_EQ(tool.read("g"), goodImage());
+    EXPECT_EQ(tool.read("s.eeprom"), example("sample.eeprom"));
     const ToolResult help = tool.run({"--help"});
     EXPECT_EQ(help.exitCode, 0);
     EXPECT_TRUE(help.out.contains("  64  usage error"));
