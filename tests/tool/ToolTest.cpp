@@ -13,48 +13,47 @@
 using namespace Tupsim;
 using namespace Tupsim::test;
 
-TEST(Tool, ListAndVerifyMatchTheirGoldens) {
+TEST(Tool, ListingsMatchTheirGoldensAndJsonHasEveryBlockField) {
     ToolHarness tool;
     tool.write("sample.eeprom", example("sample.eeprom"));
     tool.write("good.bin", goodImage());
-    const struct {
-        const char* command;
-        const char* image;
-        const char* golden;
-    } cases[] = {{"list", "sample.eeprom", "sample_list.txt"},
-                 {"verify", "sample.eeprom", "sample_verify.txt"},
-                 {"list", "good.bin", "list_good.txt"},
-                 {"verify", "good.bin", "verify_good.txt"}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.golden);
-        const ToolResult result = tool.run({c.command, c.image});
+    const char* const cases[][3] = {{"list", "sample.eeprom", "sample_list.txt"},
+                                    {"verify", "sample.eeprom", "sample_verify.txt"},
+                                    {"list", "good.bin", "list_good.txt"},
+                                    {"verify", "good.bin", "verify_good.txt"}};
+    for (const auto& c : cases) { // command, image, golden
+        SCOPED_TRACE(c[2]);
+        const ToolResult result = tool.run({c[0], c[1]});
         EXPECT_EQ(result.exitCode, 0);
-        EXPECT_EQ(result.out, ToolHarness::golden(c.golden, result.out));
+        EXPECT_EQ(result.out, ToolHarness::golden(c[2], result.out));
         EXPECT_EQ(result.err, "");
     }
-}
-
-TEST(Tool, FailedChecksExitWithOne) {
-    ToolHarness tool;
-    QByteArray calib = calibBlock();
-    calib[9] = 0x22; // checksum left stale
-    tool.write("bad.bin", identBlock() + calib + selfDescribingBlock() + endBlock());
-    const ToolResult verify = tool.run({"verify", "bad.bin"});
-    EXPECT_EQ(verify.exitCode, 1);
-    EXPECT_EQ(verify.outLines(),
-              QStringList({QStringLiteral("0x0010: block 10000: checksum BAD (stored %1, "
-                                          "computed %2)")
-                               .arg(hex4(word(calib, 4)), hex4(word(sealed(calib), 4))),
-                           "FAILED: 1 problem in 3 blocks, end block at 0x0030"}));
-    const ToolResult list = tool.run({"list", "bad.bin"});
-    EXPECT_EQ(list.exitCode, 1);
-    EXPECT_EQ(list.outLines().value(2),
-              "0x0010  10000  SSYN_OCXO_REF_CAL_VALUE     12  BAD       -");
-    // Exported all the same, with the failure on stderr and in the exit code.
-    const ToolResult exported = tool.run({"export", "bad.bin", "-o", "cal.txt"});
-    EXPECT_EQ(exported.exitCode, 1);
-    EXPECT_TRUE(exported.err.startsWith("epromtool: bad.bin: 0x0010: block 10000: checksum BAD"));
-    EXPECT_EQ(tool.entries(), QStringList({"bad.bin", "cal.txt"}));
+    const ToolResult list = tool.run({"list", "--json", "good.bin"});
+    ASSERT_EQ(list.exitCode, 0);
+    const auto block = [](const QByteArray& bytes, int offset, const char* className,
+                          const char* kind, const char* textId, const QString& crc = "null") {
+        return QStringLiteral(
+                   R"({"alignment":0,"checksum":{"computed":%1,"ok":true,"stored":%1},)"
+                   R"("className":"%2","crc32":%3,"end":false,"id":%4,"kind":"%5","offset":%6,)"
+                   R"("size":%7,"textId":"%8"})")
+            .arg(QString::number(word(bytes, 4)), className, crc, QString::number(word(bytes, 0)),
+                 kind, QString::number(offset), QString::number(bytes.size()), textId);
+    };
+    const QString crc = QStringLiteral(R"({"computed":%1,"eventCounter":false,"ok":true,)"
+                                       R"("stored":%1})")
+                            .arg(crcField(selfDescribingBlock()));
+    EXPECT_EQ(QJsonDocument::fromJson(list.out.toUtf8()).toJson(QJsonDocument::Compact),
+              QStringLiteral(R"({"blocks":[%1,%2,%3,{"alignment":0,"checksum":null,)"
+                             R"("className":"HwDatablockEnd","crc32":null,"end":true,"id":65535,)"
+                             R"("kind":"end","offset":48,"size":4,"textId":"END"}],"endOffset":48,)"
+                             R"("exitCode":0,"free":12,"image":"good.bin","imageSize":64,)"
+                             R"("problems":[],"used":52})")
+                  .arg(block(identBlock(), 0, "HwDatablockIdent", "identification", "IDENT_2"),
+                       block(calibBlock(), 16, "HwDatablockSsynOcxoRefCalValue",
+                             "calibration record", "SSYN_OCXO_REF_CAL_VALUE"),
+                       block(selfDescribingBlock(), 28, "HwDatablock2Edition", "self-describing",
+                             "USER_20001", crc))
+                  .toUtf8());
 }
 
 TEST(Tool, BrokenChainsExitWithTwoAndNothingIsWritten) {
@@ -200,38 +199,7 @@ TEST(Tool, ImportWritesTheImageAndKeepsABackup) {
     EXPECT_EQ(tool.entries(), QStringList({"cal.txt", "image.bin", "new.bin"}));
 }
 
-TEST(Tool, JsonListingHasEveryBlockField) {
-    ToolHarness tool;
-    tool.write("good.bin", goodImage());
-    const ToolResult list = tool.run({"list", "--json", "good.bin"});
-    ASSERT_EQ(list.exitCode, 0);
-    const auto block = [](const QByteArray& bytes, int offset, const char* className,
-                          const char* kind, const char* textId, const QString& crc = "null") {
-        return QStringLiteral(
-                   R"({"alignment":0,"checksum":{"computed":%1,"ok":true,"stored":%1},)"
-                   R"("className":"%2","crc32":%3,"end":false,"id":%4,"kind":"%5","offset":%6,)"
-                   R"("size":%7,"textId":"%8"})")
-            .arg(QString::number(word(bytes, 4)), className, crc, QString::number(word(bytes, 0)),
-                 kind, QString::number(offset), QString::number(bytes.size()), textId);
-    };
-    const QString crc = QStringLiteral(R"({"computed":%1,"eventCounter":false,"ok":true,)"
-                                       R"("stored":%1})")
-                            .arg(crcField(selfDescribingBlock()));
-    EXPECT_EQ(QJsonDocument::fromJson(list.out.toUtf8()).toJson(QJsonDocument::Compact),
-              QStringLiteral(R"({"blocks":[%1,%2,%3,{"alignment":0,"checksum":null,)"
-                             R"("className":"HwDatablockEnd","crc32":null,"end":true,"id":65535,)"
-                             R"("kind":"end","offset":48,"size":4,"textId":"END"}],"endOffset":48,)"
-                             R"("exitCode":0,"free":12,"image":"good.bin","imageSize":64,)"
-                             R"("problems":[],"used":52})")
-                  .arg(block(identBlock(), 0, "HwDatablockIdent", "identification", "IDENT_2"),
-                       block(calibBlock(), 16, "HwDatablockSsynOcxoRefCalValue",
-                             "calibration record", "SSYN_OCXO_REF_CAL_VALUE"),
-                       block(selfDescribingBlock(), 28, "HwDatablock2Edition", "self-describing",
-                             "USER_20001", crc))
-                  .toUtf8());
-}
-
-TEST(Tool, ShowDiffAndSample) {
+TEST(Tool, ShowDiffFailedChecksAndSample) {
     ToolHarness tool;
     tool.write("good.bin", goodImage());
     const QString headline = QStringLiteral("block 2 at 0x0000: HwDatablockIdent IDENT_2, 16 "
@@ -256,10 +224,28 @@ TEST(Tool, ShowDiffAndSample) {
     EXPECT_EQ(none.exitCode, 2);
     EXPECT_EQ(none.err, "epromtool: good.bin: no block with id 7\n");
 
-    QByteArray second = goodImage();
-    second[24] = 0x55; // a payload byte of block 10000, checksum left stale
-    tool.write("b.bin", second);
-    const ToolResult diff = tool.run({"diff", "good.bin", "b.bin"});
+    // A payload byte of block 10000 changed, its checksum left stale: exit code 1, and exported
+    // all the same with the failure on stderr.
+    QByteArray bad = goodImage();
+    bad[25] = 0x22;
+    tool.write("bad.bin", bad);
+    const ToolResult verify = tool.run({"verify", "bad.bin"});
+    EXPECT_EQ(verify.exitCode, 1);
+    EXPECT_EQ(
+        verify.outLines(),
+        QStringList({QStringLiteral("0x0010: block 10000: checksum BAD (stored %1, "
+                                    "computed %2)")
+                         .arg(hex4(word(calibBlock(), 4)), hex4(word(sealed(bad.mid(16, 12)), 4))),
+                     "FAILED: 1 problem in 3 blocks, end block at 0x0030"}));
+    const ToolResult list = tool.run({"list", "bad.bin"});
+    EXPECT_EQ(list.exitCode, 1);
+    EXPECT_EQ(list.outLines().value(2),
+              "0x0010  10000  SSYN_OCXO_REF_CAL_VALUE     12  BAD       -");
+    const ToolResult exported = tool.run({"export", "bad.bin", "-o", "cal.txt"});
+    EXPECT_EQ(exported.exitCode, 1);
+    EXPECT_TRUE(exported.err.startsWith("epromtool: bad.bin: 0x0010: block 10000: checksum BAD"));
+    EXPECT_EQ(tool.entries(), QStringList({"bad.bin", "cal.txt", "good.bin"}));
+    const ToolResult diff = tool.run({"diff", "good.bin", "bad.bin"});
     EXPECT_EQ(diff.exitCode, 1);
     EXPECT_EQ(diff.outLines(), QStringList({"changed block 10000 at 0x0010: 1 payload byte changed",
                                             "1 difference: 1 changed, 0 removed, 0 added"}));
