@@ -26,7 +26,7 @@ def test_every_block_matches_the_tool_listing(sample_path, tool):
         listed["endOffset"], listed["used"], listed["free"])
 
 
-def test_blocks_export_as_the_tool_exports_them(sample_path, tool):
+def test_tables_read_as_the_tool_exports_them(sample_path, tool):
     code, text = tool("export", sample_path)
     assert code == 0
     image = ed.Image.open(sample_path)
@@ -35,10 +35,6 @@ def test_blocks_export_as_the_tool_exports_them(sample_path, tool):
     assert (table.shape, table.indexes, table.cells[3]) == (
         (4, 5), [0, 10, 20, 30], [3011, 3006, 2996, 2987, 2972])
     assert image.find(15731).table.indexes is None
-
-
-def test_table_properties_are_those_of_its_class(sample_path):
-    image = ed.Image.open(sample_path)
     level = image.find(15716).table
     assert (level.rows, level.cols, level.capacity) == (2, 8, (2, 128))
     assert (level.factor, level.raw_type) == (0.01, "int32")
@@ -49,9 +45,7 @@ def test_table_properties_are_those_of_its_class(sample_path):
     assert image.find(15716).table.descriptors is None
     assert image[0].table is None
 
-
-def test_set_cell_scales_cuts_toward_zero_and_keeps_the_checksum(sample_path):
-    image = ed.Image.open(sample_path)
+    # set_cell scales, cuts toward zero and keeps the checksum.
     block = image.find(15716)
     block.table.set_cell(0, 1, 20.259)      # 2025.9 stored as 2025
     block.table.set_cell(0, 2, -3.999)      # -399.9 stored as -399
