@@ -177,12 +177,8 @@ TEST(Tool, ImportWritesTheImageAndKeepsABackup) {
     EXPECT_EQ(tool.read("image.bin"), edited.bytes());
     EXPECT_EQ(tool.read("image.bin.bak"), original);
 
-    // The backup holds what the target held, whatever that was; a folder where the backup
-    // belongs stops the write before the target is touched.
-    tool.write("new.bin", "older content");
-    ASSERT_EQ(tool.run({"import", "image.bin", "cal.txt", "-o", "new.bin"}).exitCode, 0);
-    EXPECT_EQ(tool.read("new.bin.bak"), "older content");
-    QFile::remove(tool.path("new.bin.bak"));
+    // A folder where the backup belongs stops the write before the target is touched; the
+    // backup holds what the target held, whatever that was.
     tool.write("new.bin", "older content");
     QDir(tool.path(".")).mkdir("new.bin.bak");
     const ToolResult blocked = tool.run({"import", "image.bin", "cal.txt", "-o", "new.bin"});
@@ -190,13 +186,15 @@ TEST(Tool, ImportWritesTheImageAndKeepsABackup) {
     EXPECT_TRUE(blocked.err.startsWith("epromtool: cannot write new.bin.bak: "));
     EXPECT_EQ(tool.read("new.bin"), "older content");
     QDir(tool.path(".")).rmdir("new.bin.bak");
+    ASSERT_EQ(tool.run({"import", "image.bin", "cal.txt", "-o", "new.bin"}).exitCode, 0);
+    EXPECT_EQ(tool.read("new.bin.bak"), "older content");
 
     QFile::remove(tool.path("image.bin.bak"));
     tool.write("image.bin", original);
     const ToolResult noBackup = tool.run({"import", "image.bin", "cal.txt", "--no-backup"});
     EXPECT_EQ(noBackup.outLines().last(), "wrote image.bin");
     EXPECT_EQ(tool.read("image.bin"), edited.bytes());
-    EXPECT_EQ(tool.entries(), QStringList({"cal.txt", "image.bin", "new.bin"}));
+    EXPECT_EQ(tool.entries(), QStringList({"cal.txt", "image.bin", "new.bin", "new.bin.bak"}));
 }
 
 TEST(Tool, ShowDiffFailedChecksAndSample) {
