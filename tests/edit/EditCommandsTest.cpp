@@ -134,10 +134,9 @@ TEST_F(EditCommands, OffsetKeepsEveryByteOutsideTheChain) {
     const ToolResult list = tool.run({"list", "flash.bin", "--offset", "5000"});
     EXPECT_EQ(list.exitCode, 0);
     EXPECT_TRUE(list.out.contains("0x1388      2  IDENT_2")) << list.out.toStdString();
-    ASSERT_EQ(
-        tool.run({"set", "flash.bin", "--offset", "0x1388", "--id", "2", "SN=1", "--no-backup"})
-            .exitCode,
-        0);
+    const ToolResult set =
+        tool.run({"set", "flash.bin", "--offset", "0x1388", "--id", "2", "SN=1", "--no-backup"});
+    ASSERT_EQ(set.exitCode, 0);
     const QByteArray edited = tool.read("flash.bin");
     EXPECT_EQ(edited.left(5000), before);
     EXPECT_EQ(edited.mid(5000 + 44), sample.mid(44) + after);

@@ -68,11 +68,8 @@ TEST(EepromImage, ChecksumAndCrcAgreeWithIndependentSums) {
     sealCrc(twelve);
     sealChecksum(twelve);
     const QByteArray eleven = sealed(bytesOf({0x20, 0x4E, 0x0B, 0x00, 0, 0, 0, 0, 0, 0, 0}));
-    const QByteArray blocks[] = {identBlock(), calib, rows, counter, wrongMark, twelve, eleven};
-    QByteArray bytes;
-    for (const QByteArray& block : blocks)
-        bytes += block;
-    const EepromImage image = EepromImage::fromBytes(bytes + endBlock());
+    const QByteArrayList blocks = {identBlock(), calib, rows, counter, wrongMark, twelve, eleven};
+    const EepromImage image = EepromImage::fromBytes(blocks.join() + endBlock());
     ASSERT_EQ(image.blockCount(), 8);
 
     const struct {

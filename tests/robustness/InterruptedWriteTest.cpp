@@ -27,8 +27,7 @@ TEST(InterruptedWrite, ImportKilledAtRandomLeavesOldOrNewBytes) {
     ASSERT_GE(cell, 0);
     text.replace(cell, 8, "1813.000"); // one cell of every RFBO_ALC_DATA block
     tool.write("edit.cal", text);
-    // Runs `epromtool import` with its output silenced, killed after `killAfter` microseconds
-    // unless that is negative; the exit code, -1 when killed.
+    // `epromtool import`, silenced; killed (-1) after `killAfter` microseconds unless negative.
     const auto import = [&](long long killAfter) {
         QProcess process;
         process.setStandardOutputFile(QProcess::nullDevice());
