@@ -1,4 +1,5 @@
-# Shared fixtures of the module's tests: the sample image, a scratch copy of it, the built tool.
+# Shared fixtures: the sample image, a scratch copy of it, and tool(*arguments) running the built
+# epromtool to (exit code, standard output).
 import os
 import shutil
 import subprocess
@@ -17,7 +18,6 @@ def sample_path():
 
 @pytest.fixture
 def scratch(tmp_path):
-    """A copy of the sample that a test may change."""
     path = tmp_path / "module.eeprom"
     shutil.copyfile(SAMPLE, path)
     return path
@@ -25,7 +25,6 @@ def scratch(tmp_path):
 
 @pytest.fixture
 def tool():
-    """Runs the built epromtool; returns (exit code, standard output)."""
     binary = os.environ.get("EPROMTOOL")
     if not binary:
         pytest.skip("EPROMTOOL is not set")

@@ -1,4 +1,5 @@
 # Bad input of every kind: damaged images listed as problems, wrong calls as Python exceptions.
+import contextlib
 import random
 import struct
 import subprocess
@@ -10,27 +11,18 @@ import epromdatablock as ed
 
 @pytest.mark.parametrize("data, problem", [
     (b"", "the image is empty"),
-    (b"\x00", "block header cut short: 1 byte of 8 left"),
-    (b"\xff" * 64, "end block reads FF FF FF FF instead of FF FF 00 00 (erased memory?)"),
     (struct.pack("<4H", 15731, 0xFFFF, 0, 0) + bytes(40),
      "block 15731 of 65535 bytes runs past the end of the image (48 bytes left)"),
-    (struct.pack("<4H", 15731, 2, 0, 0) + bytes(40),
-     "block 15731 has size 2, less than its 8-byte header"),
 ])
 def test_damaged_images_list_their_problem(data, problem):
     image = ed.Image.from_bytes(data)
-    assert [p.text for p in image.problems][-1] == problem
-    assert image.chain_broken and not image.verify()
-    assert image.to_bytes() == data
-    repr(image), [repr(b) for b in image.blocks]
+    assert [p.text for p in image.problems] == [problem]
+    assert image.chain_broken and not image.verify() and image.to_bytes() == data
 
 
 def test_hostile_table_counts_are_reported_and_read_within_capacity():
     block = struct.pack("<4H2I", 15731, 24, 0, 0, 0xFFFFFFFF, 7) + bytes(8)
     image = ed.Image.from_bytes(block + b"\xff\xff\x00\x00")
-    assert [p.text for p in image.problems] == [
-        "block 15731: checksum BAD (stored 0x0000, computed 0xc270)",
-        "block 15731: counts 4294967295*7 exceed the capacity 4*10"]
     table = image[0].table
     assert (table.rows, table.cols, table.shape) == (4294967295, 7, (4, 7))
     assert table.cells == [[0.0] * 7] * 4 and table.raw == [[0] * 7] * 4
@@ -39,12 +31,10 @@ def test_hostile_table_counts_are_reported_and_read_within_capacity():
 
 @pytest.mark.parametrize("call", [
     lambda image: ed.Image.from_bytes("text"),
-    lambda image: ed.Image.from_bytes(None),
     lambda image: ed.Image.open(5),
     lambda image: image.find("15731"),
     lambda image: image.find(70000),
     lambda image: image.find(15731).table.set_cell("0", 0, 1.0),
-    lambda image: image.find(15731).table.set_raw(0, 0, "1"),
     lambda image: image.plan_import(42),
     lambda image: image.export(ids="15731"),
 ])
@@ -53,54 +43,38 @@ def test_wrong_argument_types_raise_type_error(sample_path, call):
         call(ed.Image.open(sample_path))
 
 
-@pytest.mark.parametrize("call, message", [
-    (lambda image: image[14], "block index 14 out of range (14)"),
-    (lambda image: image[-15], "block index -15 out of range (14)"),
-    (lambda image: image.find(15731).table.set_raw(4, 0, 1),
+@pytest.mark.parametrize("error, call, message", [
+    (IndexError, lambda image: image[14], "block index 14 out of range (14)"),
+    (IndexError, lambda image: image[-15], "block index -15 out of range (14)"),
+    (IndexError, lambda image: image.find(15731).table.set_raw(4, 0, 1),
      "cell (4, 0) is outside the 4*10 cells of RFBO_ALC_DATA"),
-    (lambda image: image.find(15731).table.set_cell(0, 10, 1.0),
+    (IndexError, lambda image: image.find(15731).table.set_cell(0, 10, 1.0),
      "cell (0, 10) is outside the 4*10 cells of RFBO_ALC_DATA"),
-    (lambda image: image.find(15843).table.set_raw(0, 5, 1),
-     "cell (0, 5) is outside the 4*5 cells of RFBO_ATT_CAL_VEC_DATA"),
-    (lambda image: image.find(15731).table.set_raw(-1, 0, 1), "row -1 is outside the table"),
-])
-def test_indexes_past_the_end_raise_index_error(sample_path, call, message):
-    image = ed.Image.open(sample_path)
-    with pytest.raises(IndexError) as raised:
-        call(image)
-    assert str(raised.value) == message
-    assert image.to_bytes() == open(sample_path, "rb").read()
-
-
-@pytest.mark.parametrize("block, cell, raw, message", [
-    (15731, "set_raw", 2**40,
+    (IndexError, lambda image: image.find(15731).table.set_raw(-1, 0, 1),
+     "row -1 is outside the table"),
+    (ValueError, lambda image: image.find(15731).table.set_raw(0, 0, 2**40),
      "cell (0, 0) of RFBO_ALC_DATA: 1099511627776 does not fit the stored int32 from "
      "-2147483648 to 2147483647"),
-    (15731, "set_raw", 1.5,
+    (ValueError, lambda image: image.find(15731).table.set_raw(0, 0, 1.5),
      "cell (0, 0) of RFBO_ALC_DATA: 1.5 does not fit the stored int32 from -2147483648 to "
      "2147483647, integers only"),
-    (15730, "set_raw", -1,
+    (ValueError, lambda image: image.find(15730).table.set_raw(0, 0, -1),
      "cell (0, 0) of RFBO_ALC_FREQ: -1 does not fit the stored uint32 from 0 to 4294967295"),
-    (15730, "set_cell", 5e11,
+    (ValueError, lambda image: image.find(15730).table.set_cell(0, 0, 5e11),
      "cell (0, 0) of RFBO_ALC_FREQ: 500000000000 does not fit the stored uint32 from 0 to "
      "4294967295"),
+    (ValueError, lambda image: image.find(200).set_field("OPHOURS", 300000),
+     "OPHOURS: '300000' is out of range; the field takes operating hours from 0 to 262143, "
+     "as 00000/000000 or a plain number"),
+    (ValueError, lambda image: image.plan_import(image.export().replace("4*10", "4*x")),
+     "section RFBO_ALC_DATA, line 53: column count could not be read"),
 ])
-def test_values_that_do_not_fit_raise_value_error(sample_path, block, cell, raw, message):
+def test_bad_indexes_and_values_raise_and_change_nothing(sample_path, error, call, message):
     image = ed.Image.open(sample_path)
-    with pytest.raises(ValueError) as raised:
-        getattr(image.find(block).table, cell)(0, 0, raw)
+    with pytest.raises(error) as raised:
+        call(image)
     assert str(raised.value) == message
     assert image.verify() and image.to_bytes() == open(sample_path, "rb").read()
-
-
-def test_malformed_section_raises_value_error_naming_section_and_line(sample_path):
-    image = ed.Image.open(sample_path)
-    text = image.export().replace("COUNT:  4*10", "COUNT:  4*x")
-    with pytest.raises(ValueError) as raised:
-        image.plan_import(text)
-    line = text.splitlines().index("COUNT:  4*x") + 1
-    assert str(raised.value) == (
-        f"section RFBO_ALC_DATA, line {line}: column count could not be read")
 
 
 def test_file_errors_raise_os_error(tmp_path, sample_path):
@@ -108,13 +82,9 @@ def test_file_errors_raise_os_error(tmp_path, sample_path):
     with pytest.raises(OSError) as raised:
         ed.Image.open(missing)
     assert str(raised.value) == f"cannot read {missing}: No such file or directory"
-    with pytest.raises(OSError, match="Is a directory"):
-        ed.Image.open(tmp_path)
     with pytest.raises(OSError) as raised:
         ed.Image.open(sample_path).save(tmp_path)
     assert str(raised.value) == f"cannot write {tmp_path}: Is a directory"
-    with pytest.raises(OSError, match="^cannot write .*missing/out.eeprom: "):
-        ed.Image.open(sample_path).save(tmp_path / "missing" / "out.eeprom")
 
 
 def test_export_keeps_bytes_that_are_not_utf8(scratch, tool):
@@ -136,7 +106,7 @@ def test_export_keeps_bytes_that_are_not_utf8(scratch, tool):
 def test_mutated_samples_never_fail_outside_the_documented_errors(sample_path):
     data = open(sample_path, "rb").read()
     rng = random.Random(15)
-    for _ in range(300):
+    for _ in range(100):
         mutated = bytearray(data[:rng.choice([16, 200, 3000, len(data)])])
         for _ in range(rng.randint(1, 6)):
             mutated[rng.randrange(len(mutated))] = rng.randrange(256)
@@ -144,14 +114,9 @@ def test_mutated_samples_never_fail_outside_the_documented_errors(sample_path):
         repr(image)
         for block in image.blocks:
             repr(block), block.checksum, block.crc32, block.export()
-            table = block.table
-            if table is not None:
+            if (table := block.table) is not None:
                 repr(table), table.cells, table.raw, table.indexes, table.descriptors
-                try:
+                with contextlib.suppress(IndexError, ValueError):
                     table.set_raw(0, 0, 1)
-                except (IndexError, ValueError):
-                    pass
-        try:
+        with contextlib.suppress(ValueError):
             image.plan_import(image.export())
-        except ValueError:
-            pass

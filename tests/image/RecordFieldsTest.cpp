@@ -1,7 +1,6 @@
 // Record fields, record edits, checksum repair and chain offsets of the image layer.
 #include "support/TestImages.h"
 
-#include <BlockCatalogue.h>
 #include <EepromImage.h>
 #include <ImageImport.h>
 #include <ImageRepair.h>
@@ -42,17 +41,13 @@ TEST(RecordFields, SetStoresExactBytesOrRefusesWithTheFieldsRule) {
         const char* stored;
         const char* text;
     } cases[] = {
-        {2, 44, "EEPROMSIZE", "32768", 8, "00800000", "32768"},
         {2, 44, "partnumber", "1234.5678.03", 12, "4e61bc0003", "1234.5678.03"},
         {2, 44, "HWCODE", "255", 17, "ff", "255"},
-        {2, 44, "PRODUCTINDEX", "03.01", 18, "2d01", "03.01"},
         {2, 44, "SN", "4294967295", 20, "ffffffff", "4294967295"},
         {2, 44, "ProductDate", "2021-06-15", 24, "cf52", "2021-06-15"},
-        {2, 44, "READCODE", "65535", 26, "ffff", "65535"},
         {2, 44, "TESTINSTRUCTION", "655.35", 28, "ffff", "655.35"},
         {2, 44, "NAME", "ABCDEFGHIJKLMN", 30, "4142434445464748494a4b4c4d4e", "ABCDEFGHIJKLMN"},
         {10, 44, "NAME", "X Y", 30, "5820590000", "X Y"},
-        {10502, 28, "JOBNR", "70000", 8, "70110100", "70000"},
         {10502, 28, "OSC1SUB_H", "513", 26, "0102", "513"},
         {12000, 12, "SN", "16909060", 8, "04030201", "16909060"},
         {12001, 40, "MODEL", "SMX100", 8, "534d5831303000", "SMX100"},
@@ -60,15 +55,11 @@ TEST(RecordFields, SetStoresExactBytesOrRefusesWithTheFieldsRule) {
         {200, 24, "SERVICEDATE", "1980-01-01", 14, "2100", "1980-01-01"},
         {200, 24, "OPHOURS", "00000/262143", 16, "ffff0300", "00000/262143"},
         {200, 24, "OPHOURS", "123456", 16, "40e20100", "00000/123456"},
-        {201, 24, "REPAIRNUMBER", "4711", 20, "6712", "4711"},
         {209, 24, "SERVICECODE", "17", 22, "1100", "17"},
         {300, 12, "OPHOURS", "4294967295", 8, "ffffffff", "4294967295"},
-        {100, 28, "SERVICECODE1", "17405", 8, "fd43", "17405"},
         {110, 28, "servicecode10", "65535", 26, "ffff", "65535"},
         {11300, 16, "COUNT_VALUE2", "9", 12, "09000000", "9"},
-        {11302, 16, "COUNT_VALUE1", "8", 8, "08000000", "8"},
         {10604, 12, "COUNT_VALUE", "3", 8, "03000000", "3"},
-        {11204, 12, "COUNT_VALUE", "4", 8, "04000000", "4"},
         {2, 44, "SERIAL", "1", -1, nullptr,
          "no field SERIAL; the block has ALIGNMENT, EEPROMSIZE, PARTNUMBER, HWCODE, "
          "PRODUCTINDEX, SN, PRODUCTDATE, READCODE, TESTINSTRUCTION, NAME"},
@@ -80,8 +71,6 @@ TEST(RecordFields, SetStoresExactBytesOrRefusesWithTheFieldsRule) {
         {2, 44, "SN", "-1", -1, nullptr,
          "SN: '-1' is not a whole number; the field takes a whole number from 0 to "
          "4294967295"},
-        {2, 44, "HWCODE", "256", -1, nullptr,
-         "HWCODE: '256' is out of range; the field takes a whole number from 0 to 255"},
         {2, 44, "NAME", "ABCDEFGHIJKLMNO", -1, nullptr,
          "NAME: 'ABCDEFGHIJKLMNO' is too long (15 characters); the field takes at "
          "most 14 printable ASCII characters"},
@@ -99,47 +88,36 @@ TEST(RecordFields, SetStoresExactBytesOrRefusesWithTheFieldsRule) {
          "NUMBER.SUB.VARIANT: a part number of at most 4294967295 written as its "
          "number, a dot and its four-digit sub-number, then a dot and the variant "
          "from 00 to 255"},
-        {200, 24, "DEPARTMENT", "ABCDEFG", -1, nullptr,
-         "DEPARTMENT: 'ABCDEFG' is too long (7 characters); the field takes at most 6 "
-         "printable ASCII characters"},
         {200, 24, "OPHOURS", "262144", -1, nullptr,
          "OPHOURS: '262144' is out of range; the field takes operating hours from 0 "
          "to 262143, as 00000/000000 or a plain number"},
         {12001, 40, "MODEL", "caf\u00e9", -1, nullptr,
          "MODEL: 'caf\u00e9' has a character that is not printable ASCII; the field "
          "takes at most 31 printable ASCII characters"},
-        {100, 28, "SERVICECODE11", "1", -1, nullptr,
-         "no field SERVICECODE11; the block has SERVICECODE1, SERVICECODE2, "
-         "SERVICECODE3, SERVICECODE4, SERVICECODE5, SERVICECODE6, SERVICECODE7, "
-         "SERVICECODE8, SERVICECODE9, SERVICECODE10"},
         {2, 20, "SN", "1", -1, nullptr, "SN cannot be set: the block has 20 bytes, its record 44"},
         {15730, 56, "SN", "1", -1, nullptr, "block 15730 has no named fields"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.field) + "=" + c.value);
         QByteArray block = fresh(c.id, c.size);
-        const QByteArray before = block;
         QString error;
         const bool set = recordFields::setField(block, QString::fromLatin1(c.field),
                                                 QString::fromUtf8(c.value), error);
         if (c.stored == nullptr) {
             EXPECT_FALSE(set);
             EXPECT_EQ(error.toUtf8().toStdString(), c.text);
-            EXPECT_EQ(hex(block), hex(before));
+            EXPECT_EQ(hex(block), hex(fresh(c.id, c.size)));
             continue;
         }
         ASSERT_TRUE(set) << error.toStdString();
         const QByteArray expected = QByteArray::fromHex(QByteArray(c.stored));
         EXPECT_EQ(hex(block.mid(c.offset, expected.size())), hex(expected));
         EXPECT_EQ(hex(block), hex(sealed(block)));
-        int found = 0;
+        QStringList shown; // the field's value, once, and reading back
         for (const RecordField& field : recordFields::fields(block))
-            if (field.name.compare(QLatin1String(c.field), Qt::CaseInsensitive) == 0) {
-                ++found;
-                EXPECT_EQ(field.value.toStdString(), c.text);
-                EXPECT_TRUE(field.readsBack);
-            }
-        EXPECT_EQ(found, 1);
+            if (field.name.compare(QLatin1String(c.field), Qt::CaseInsensitive) == 0)
+                shown << field.value + (field.readsBack ? "" : " (does not read back)");
+        EXPECT_EQ(shown, QStringList(QString::fromUtf8(c.text)));
     }
 }
 
@@ -152,15 +130,13 @@ TEST(RecordEdit, ReportsEveryChangeAndTouchesOnlyItsBlock) {
     const RecordEdit edit = planRecordEdit(image, 2, 1, {{"sn", "5"}, {"NAME", "X"}});
     ASSERT_TRUE(edit.ok) << edit.error.toStdString();
     ASSERT_EQ(edit.changes.size(), 2);
-    EXPECT_EQ(edit.changes[0].field.toStdString(), "SN");
-    EXPECT_EQ(edit.changes[0].before.toStdString(), "0");
-    EXPECT_EQ(edit.changes[0].after.toStdString(), "5");
-    EXPECT_EQ(edit.checksumBefore, word(ident, 4));
+    EXPECT_EQ(QStringList({edit.changes[0].field, edit.changes[0].before, edit.changes[0].after}),
+              QStringList({"SN", "0", "5"}));
     QString error;
     ASSERT_TRUE(applyRecordEdit(image, edit, error)) << error.toStdString();
-    EXPECT_TRUE(image.ok());
-    EXPECT_EQ(hex(image.blockBytes(0).mid(20, 4)), "05 00 00 00");
-    EXPECT_EQ(image.bytes().mid(44), before.mid(44));
+    QByteArray expected = ident;
+    expected.replace(20, 4, bytesOf({5, 0, 0, 0})).replace(30, 1, "X");
+    EXPECT_EQ(hex(image.bytes()), hex(sealed(expected) + before.mid(44)));
 }
 
 TEST(ImageRepair, RestoresTheChecksumAndCrcAndRefusesWhatTheWalkCannotDelimit) {
@@ -168,22 +144,13 @@ TEST(ImageRepair, RestoresTheChecksumAndCrcAndRefusesWhatTheWalkCannotDelimit) {
     described[12] = 0x42;
     sealCrc(described);
     const QByteArray original = chain({fresh(300, 12), sealed(described)});
-    ASSERT_TRUE(EepromImage::fromBytes(original).ok());
-
     QByteArray corrupted = original;
     corrupted[4] = static_cast<char>(corrupted[4] ^ 0x55);        // statistics checksum
     corrupted[12 + 8] = static_cast<char>(corrupted[12 + 8] ^ 1); // CRC-32 of block 20010
     EepromImage broken = EepromImage::fromBytes(corrupted);
-    const RepairPlan plan = planRepair(broken);
-    ASSERT_EQ(plan.repairs.size(), 2);
-    EXPECT_TRUE(plan.repairs[0].checksum);
-    EXPECT_FALSE(plan.repairs[0].crc);
-    EXPECT_TRUE(plan.repairs[1].crc);
-    EXPECT_TRUE(plan.refused.isEmpty());
     QString error;
-    ASSERT_TRUE(applyRepair(broken, plan, error));
+    ASSERT_TRUE(applyRepair(broken, planRepair(broken), error));
     EXPECT_EQ(hex(broken.bytes()), hex(original));
-    EXPECT_TRUE(planRepair(broken).nothingToDo());
     EXPECT_EQ(planRepair(EepromImage::fromBytes(corrupted), 20010).repairs.size(), 1);
 
     QByteArray cut = corrupted.left(12 + 8);
@@ -198,8 +165,7 @@ TEST(ChainOffset, BlocksCountFromTheFileAndAStartPastTheEndBreaksTheChain) {
     const QByteArray body = chain({fresh(2, 44)}, 64);
     const EepromImage image = EepromImage::fromBytes(prefix + body, prefix.size());
     ASSERT_TRUE(image.ok());
-    EXPECT_EQ(image.block(0).offset, 10);
-    EXPECT_EQ(image.endOffset(), 54);
+    EXPECT_EQ(std::make_pair(image.block(0).offset, image.endOffset()), std::make_pair(10, 54));
     const EepromImage past = EepromImage::fromBytes(prefix + body, 74);
     ASSERT_TRUE(past.chainBroken());
     EXPECT_EQ(past.chainProblems()[0].text.toStdString(),
@@ -224,23 +190,17 @@ TEST(RecordImport, ReadsEditedFieldsAndKeepsWhatThePrintingCannotShow) {
                                  "SN:              0\n"
                                  "NAME:            AB\n\n";
     ImportPlan plan = planImport(image, untouched);
-    ASSERT_TRUE(plan.ok) << plan.error.toStdString();
-    ASSERT_EQ(plan.blocks.size(), 1);
+    ASSERT_TRUE(plan.ok && plan.blocks.size() == 1) << plan.error.toStdString();
     EXPECT_EQ(plan.blocks[0].outcome, ImportedBlock::Unchanged);
     EXPECT_TRUE(plan.skipped.isEmpty());
 
-    QByteArray edited = untouched;
-    edited.replace("SN:              0", "SN:              77");
-    plan = planImport(image, edited);
-    ASSERT_EQ(plan.blocks.size(), 1);
-    ASSERT_EQ(plan.blocks[0].outcome, ImportedBlock::Changed);
-    EXPECT_EQ(hex(plan.blocks[0].after.mid(20, 4)), "4d 00 00 00");
-    EXPECT_EQ(hex(plan.blocks[0].after.mid(30, 4)), hex(QByteArray("AB\0Z", 4)))
-        << "the unedited name keeps its stored bytes";
-
+    // The unedited name keeps its stored bytes; an edited one is written whole.
+    QByteArray edited = QByteArray(untouched).replace("SN:              0", "SN:              77");
+    QByteArray expected = QByteArray(ident).replace(20, 1, "\x4d");
+    EXPECT_EQ(hex(planImport(image, edited).blocks.value(0).after), hex(sealed(expected)));
     edited.replace("NAME:            AB", "NAME:            CD");
-    plan = planImport(image, edited);
-    EXPECT_EQ(hex(plan.blocks[0].after.mid(30, 4)), hex(QByteArray("CD\0\0", 4)));
+    expected.replace(30, 4, QByteArray("CD\0\0", 4));
+    EXPECT_EQ(hex(planImport(image, edited).blocks.value(0).after), hex(sealed(expected)));
 
     const QByteArray bad = "ID:              SERVICE_200\nSERVICEDATE:     2024-13-01\n";
     plan = planImport(image, bad);

@@ -2,14 +2,12 @@
 // bounded in the work and text they cause.
 #include "support/TestImages.h"
 
-#include <BlockCatalogue.h>
 #include <EepromImage.h>
 #include <HwCalibTableBlocks.h>
 #include <ImageExport.h>
 #include <ImageImport.h>
 
 #include <gtest/gtest.h>
-#include <memory>
 #include <sstream>
 
 using namespace Tupsim;
@@ -18,7 +16,6 @@ using namespace Tupsim::test;
 // Whatever the reader makes of a mangled count, the import writes nothing the checks refuse.
 TEST(ImportRefusal, MangledCountsNeverReachTheImage) {
     const EepromImage image = EepromImage::fromBytes(example("sample.eeprom"));
-    ASSERT_TRUE(image.ok());
     for (const char* line : {"COUNT:  1*-1", "COUNT:  1.9999*-1", "COUNT:  0x10 * -1",
                              "COUNT:  -1*10", "COUNT:  4294967295*1", "COUNT:  5*10"}) {
         const QByteArray text =
@@ -27,12 +24,8 @@ TEST(ImportRefusal, MangledCountsNeverReachTheImage) {
         const ImportPlan plan = planImport(image, text);
         EepromImage result = image;
         QString why;
-        if (applyImport(result, plan, why)) {
-            EXPECT_TRUE(result.ok())
-                << line << ": " << result.problems().value(0).text.toStdString();
-        } else {
-            EXPECT_FALSE(plan.ok) << line;
-        }
+        EXPECT_TRUE(applyImport(result, plan, why) ? result.ok() : !plan.ok)
+            << line << ": " << result.problems().value(0).text.toStdString();
     }
 }
 
@@ -44,20 +37,15 @@ TEST(BoundedWork, TinyImageWithHugeCountsExportsAFewLines) {
     bytes.replace(0, block.size(), block + endBlock());
 
     const EepromImage image = EepromImage::fromBytes(bytes);
-    ASSERT_GE(image.blockCount(), 1);
-    EXPECT_EQ(image.block(0).id, 15026);
-    ASSERT_FALSE(image.problems().isEmpty());
-    EXPECT_EQ(image.problems().first().text,
+    ASSERT_EQ(image.problems().value(0).text,
               "block 15026: counts 4294967295*4294967295 exceed the capacity 1*1");
-    EXPECT_FALSE(image.ok());
     const std::string text = exportImage(image);
     EXPECT_LT(text.size(), 4096u);
     EXPECT_EQ(text.rfind("# HwDatablockTemplate 15026, 20 bytes: counts 4294967295*4294967295 "
                          "exceed the capacity 1*1\n",
                          0),
               0u);
-    std::unique_ptr<HwDatablock> object = image.makeBlock(0);
-    EXPECT_LT(printed(*object).size(), 4096u);
+    EXPECT_LT(printed(*image.makeBlock(0)).size(), 4096u);
 }
 
 // Printing stops at the cells the image holds, whatever the counts say.
@@ -89,12 +77,10 @@ TEST(BoundedWork, TablePrintoutsStopAtTheCapacity) {
 }
 
 TEST(BoundedWork, ComplaintsAboutOneSectionAreSummarised) {
-    std::string text = "ID:  RFBO_ATT_CAL_DATA\n";
-    for (int i = 0; i < 2000; ++i)
-        text += "junk line\n";
-    text += "COUNT:  1*1\n0: 5\n";
     HwDatablockOroRfboAttCalData block;
-    std::istringstream in(text);
+    std::istringstream in("ID:  RFBO_ATT_CAL_DATA\n" +
+                          QByteArray("junk line\n").repeated(2000).toStdString() +
+                          "COUNT:  1*1\n0: 5\n");
     const TextReadStatus status = block.readSection(in, block);
     EXPECT_LE(status.complaints.size(), size_t(TextReadStatus::kMaxComplaints));
     EXPECT_LT(status.message().size(), 2000u);
@@ -102,9 +88,7 @@ TEST(BoundedWork, ComplaintsAboutOneSectionAreSummarised) {
     // A record section that lost its lines: the complaints about it are summarised too.
     const ImportPlan plan =
         planImport(EepromImage::fromBytes(example("sample.eeprom")), "ID:              IDENT_2\n");
-    ASSERT_TRUE(plan.ok) << plan.error.toStdString();
-    ASSERT_EQ(plan.blocks.size(), 1);
-    EXPECT_EQ(plan.blocks[0].outcome, ImportedBlock::Unchanged);
+    ASSERT_TRUE(plan.ok && plan.blocks.size() == 1) << plan.error.toStdString();
     ASSERT_EQ(plan.blocks[0].complaints.size(), 6);
     EXPECT_EQ(plan.blocks[0].complaints[0], "no ALIGNMENT: line, ALIGNMENT kept");
     EXPECT_EQ(plan.blocks[0].complaints[5], "... and 5 more lines like this");

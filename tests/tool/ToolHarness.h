@@ -15,18 +15,12 @@ struct ToolResult {
     int exitCode = -1; // -1: did not finish normally
     QString out;
     QString err;
-    QStringList outLines() const {
-        QStringList lines = out.split(QLatin1Char('\n'));
-        if (!lines.isEmpty() && lines.last().isEmpty())
-            lines.removeLast();
-        return lines;
-    }
+    QStringList outLines() const { return out.split(QLatin1Char('\n'), Qt::SkipEmptyParts); }
 };
 
 class ToolHarness {
 public:
     ToolHarness() {
-        // QProcess wants an application object; the tests have none of their own.
         static int argc = 1;
         static char name[] = "test_tool";
         static char* argv[] = {name, nullptr};
@@ -44,11 +38,9 @@ public:
         QFile file(path(name));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
-    // The names in the scratch directory, sorted.
     QStringList entries() const {
         return QDir(dir.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name);
     }
-    // Runs epromtool with the scratch directory as working directory.
     ToolResult run(const QStringList& arguments) const {
         QProcess process;
         process.setWorkingDirectory(dir.path());
