@@ -48,6 +48,12 @@ TEST(HwDatablock2Edition, DebugPagesAsGolden) {
     EXPECT_EQ(detail.str(), golden("directory/detail.txt"));
     EXPECT_EQ(complete.str(), golden("directory/complete.txt"));
     EXPECT_EQ(viaPrint.str(), complete.str());
+
+    // A cut image shows the identifiers it holds whole, and no piece of the next one.
+    load(block, pageImage().left(31));
+    std::ostringstream cut;
+    block.printDebugPageDetail(cut, HwSDataBlockCfg());
+    EXPECT_NE(cut.str().find("\n# COL         10          \nDESC:"), std::string::npos);
 }
 
 TEST(HwDatablock2Edition, ReadsBothHeaderLayoutsAndTruncatedHeadersAsZero) {

@@ -406,6 +406,12 @@ TEST(TableReadbin, ReadsTheBlockBehindItsIdWordAsLongAsItsSizeWordSays) {
         block.readbin(in, block);
         EXPECT_EQ(block.getByteArrayData(), cut) << bytes.size();
     }
+    // Nor does a stream that can not go back to the id word.
+    std::string unseekable = freqImage(56, 3, 16, 9).mid(2).toStdString();
+    Unseekable buffer(unseekable);
+    std::istream noSeek(&buffer);
+    block.readbin(noSeek, block);
+    EXPECT_EQ(block.getByteArrayData(), cut);
     ASSERT_EQ(services.errors.signalled.size(), 1u);
     EXPECT_EQ(services.errors.signalled[0].second, QString("15730"));
 }

@@ -45,6 +45,11 @@ template <class Block> TextReadStatus readSection(Block& block, const std::strin
     return status;
 }
 
+// A stream over `text` that can not seek.
+struct Unseekable : std::streambuf {
+    explicit Unseekable(std::string& text) { setg(&text[0], &text[0], &text[0] + text.size()); }
+};
+
 template <class Block> typename Block::HwSDatablock* record(QByteArray& image) {
     return reinterpret_cast<typename Block::HwSDatablock*>(image.data());
 }

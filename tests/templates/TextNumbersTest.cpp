@@ -72,11 +72,9 @@ std::vector<double> randomValues() {
 
 TEST(FixedNumber, MatchesPrintfForEveryFormatOfTheForms) {
     // printf's format, precision, width and buffer size (0: none) of each form.
-    const std::tuple<const char*, int, int, int> formats[] = {{"%.3f", 3, 0, 129},
-                                                              {"%.10f", 10, 0, 129},
-                                                              {"%.5f", 5, 0, 20},
-                                                              {"%21.10f", 10, 21, 0},
-                                                              {"%.3f", 3, 0, 0}};
+    const std::tuple<const char*, int, int, int> formats[] = {
+        {"%.3f", 3, 0, 129},    {"%.10f", 10, 0, 129},   {"%.5f", 5, 0, 20},
+        {"%21.10f", 10, 21, 0}, {"%21.10f", 10, 21, 16}, {"%.3f", 3, 0, 0}};
     std::vector<double> values = edgeValues();
     const std::vector<double> random = randomValues();
     values.insert(values.end(), random.begin(), random.end());

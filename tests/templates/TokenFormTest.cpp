@@ -277,9 +277,6 @@ TEST(TokenFormReadDeathTest, MalformedSectionsEndTheProcessOrAreReported) {
             << c.text;
     }
     // A stream that can not be rewound holds no section, whatever follows in it.
-    struct Unseekable : std::streambuf {
-        explicit Unseekable(std::string& text) { setg(&text[0], &text[0], &text[0] + text.size()); }
-    };
     std::string text = "ID:  RFBO_ALC_DATA\nCOUNT:  1*1\n1: \t5.000\n\n";
     Unseekable buffer(text);
     std::istream in(&buffer);
