@@ -168,6 +168,17 @@ QString skipReason(const BlockKindInfo& kind) {
         .arg(QLatin1String(blockCatalogue::kindName(kind.kind)));
 }
 
+// The plan's entry for block `i` of `image`, read from the section `name`, before reading.
+ImportedBlock importedBlock(const EepromImage& image, int i, const QString& name) {
+    ImportedBlock block;
+    block.index = i;
+    block.id = image.block(i).id;
+    block.offset = image.block(i).offset;
+    block.name = name;
+    block.before = image.blockBytes(i);
+    return block;
+}
+
 } // namespace
 
 QString TableChange::text() const {
@@ -231,12 +242,7 @@ ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationTex
         if (!entry.isEnd && !name.isEmpty() && sections.lineOf.value(name) > 0 &&
             !recordNames.contains(name) && recordFields::hasFields(entry.id) &&
             !recordFields::fields(image.blockBytes(i)).isEmpty()) {
-            ImportedBlock block;
-            block.index = i;
-            block.id = entry.id;
-            block.offset = entry.offset;
-            block.name = name;
-            block.before = image.blockBytes(i);
+            ImportedBlock block = importedBlock(image, i, name);
             const int idLine = sections.lineOf.value(name);
             if (!readRecord(block, sectionBody(lines, idLine), idLine, plan.error)) {
                 plan.ok = false;
@@ -249,12 +255,7 @@ ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationTex
         if (entry.isEnd || !kind.readsBack || table == nullptr || !sections.lineOf.contains(name))
             continue;
 
-        ImportedBlock block;
-        block.index = i;
-        block.id = entry.id;
-        block.offset = entry.offset;
-        block.name = name;
-        block.before = image.blockBytes(i);
+        ImportedBlock block = importedBlock(image, i, name);
         const QByteArray unedited =
             entry.overCapacity.isEmpty() ? ownReadBack(*table, block.before) : QByteArray();
         block.note = importBlocker(*table, entry, block.before, unedited);

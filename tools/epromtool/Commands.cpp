@@ -89,6 +89,13 @@ bool readFile(const QString& path, QByteArray& content) {
     return false;
 }
 
+// The library refused to apply a checked plan: what was planned, then why nothing was written.
+int applyRefused(const QString& path, const QString& reason, const QStringList& lines) {
+    out(lines);
+    error(QStringLiteral("%1: %2; nothing written").arg(path, reason));
+    return ExitWriteFailed;
+}
+
 // Writes `image` to -o FILE or back to `path`, keeping a backup unless --no-backup; with
 // --dry-run writes nothing. Adds what it did to `lines`; false (after printing `lines` and the
 // reason) when the write failed and the target was left as it was.
@@ -305,11 +312,8 @@ int runImport(const QStringList& arguments) {
     const int dataBlocks = image.dataBlockCount();
     QStringList lines = importLines(plan);
     QString reason;
-    if (!Tupsim::applyImport(image, plan, reason)) {
-        out(lines);
-        error(QStringLiteral("%1: %2; nothing written").arg(path, reason));
-        return ExitWriteFailed;
-    }
+    if (!Tupsim::applyImport(image, plan, reason))
+        return applyRefused(path, reason, lines);
     lines << QStringLiteral("%1 of %2 blocks have a section in %3, %4 replaced")
                  .arg(plan.blocks.size())
                  .arg(dataBlocks)
@@ -390,11 +394,8 @@ int runSet(const QStringList& arguments) {
     }
     QStringList lines = editLines(edit);
     QString reason;
-    if (!Tupsim::applyRecordEdit(image, edit, reason)) {
-        out(lines);
-        error(QStringLiteral("%1: %2; nothing written").arg(path, reason));
-        return ExitWriteFailed;
-    }
+    if (!Tupsim::applyRecordEdit(image, edit, reason))
+        return applyRefused(path, reason, lines);
     QString written;
     if (!writeImage(line, path, image, lines, written))
         return ExitWriteFailed;
@@ -452,11 +453,8 @@ int runFix(const QStringList& arguments) {
         return code;
     }
     QString reason;
-    if (!Tupsim::applyRepair(image, plan, reason)) {
-        out(lines);
-        error(QStringLiteral("%1: %2; nothing written").arg(path, reason));
-        return ExitWriteFailed;
-    }
+    if (!Tupsim::applyRepair(image, plan, reason))
+        return applyRefused(path, reason, lines);
     QString written;
     if (!writeImage(line, path, image, lines, written))
         return ExitWriteFailed;
