@@ -29,8 +29,12 @@ Rendering rendering(const HwSBlockDescription& table, std::size_t columns, std::
         if (!table.values[c].empty())
             lastHeld = c + 1;
     }
-    const std::size_t shown = std::min(columns, lastHeld);
     const std::size_t budget = 16 * (held + columns) + 4096;
+    // A sound image holds a value for each row of its sized columns, so its cells stay within
+    // the budget and it shows whole, trailing columns without values (type NONE) included.
+    if (rowsRead == 0 || columns <= budget / rowsRead)
+        return {columns, rowsRead};
+    const std::size_t shown = std::min(columns, lastHeld);
     const std::size_t rows = shown == 0 ? rowsRead : std::min(rowsRead, budget / shown);
     return {shown, rows};
 }

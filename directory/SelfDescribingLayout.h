@@ -41,10 +41,11 @@ inline std::uint64_t padLength(std::uint64_t pos, std::uint64_t unit) {
 // STRING ones at their zeros (which are left out); an incomplete last one is dropped.
 QList<QByteArray> identifiers(const QByteArray& ids, unsigned int type, std::uint64_t count);
 
-// What a text rendering of `table` shows: `columns` cut behind the last column that holds a
-// value (behind it the image ended), and of its `rowsRead` rows as many as keep the cells in
-// proportion to the values the image held. A damaged header may claim thousands of columns
-// beside a column of thousands of rows; shown whole, that is millions of empty cells.
+// What a text rendering of `table` shows: all `columns` and `rowsRead` rows while the cells stay
+// in proportion to the values the image held; beyond that, the columns cut behind the last one
+// that holds a value (behind it the image ended), and as many rows as keep that proportion. A
+// damaged header may claim thousands of columns beside a column of thousands of rows; shown whole,
+// that is millions of empty cells.
 struct Rendering {
     std::size_t columns;
     std::size_t rows;

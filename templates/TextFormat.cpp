@@ -54,9 +54,8 @@ bool skipZeroFraction(TextCursor& in) {
 PrintedExtent printedExtent(const TableCells& cells) {
     const quint32 rows = cells.rowCount();
     const quint32 cols = cells.colCount();
-    const quint64 capacity = quint64(cells.rowCapacity()) * cells.colCapacity();
-    // A row without columns still prints a line: it counts as one cell.
-    if (quint64(rows) * std::max<quint32>(cols, 1) <= std::max<quint64>(capacity, 1))
+    // A row without columns still prints a line in the line forms: it counts as one cell.
+    if (quint64(rows) * std::max<quint32>(cols, 1) <= kMaxPrintedCells)
         return {rows, cols};
     return {std::min({rows, cells.rowCapacity(), cells.rowsHeld()}),
             std::min(cols, cells.colCapacity())};

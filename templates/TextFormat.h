@@ -25,15 +25,18 @@ EPROMDATABLOCK_EXPORT void appendDecimal(std::string& out, long long value);
 // as a second integer read would fail on it, and false is returned.
 EPROMDATABLOCK_EXPORT bool skipZeroFraction(TextCursor& in);
 
-// The rows and columns a writer prints for the counts of `cells`. Counts that describe no more
-// cells than the table's capacity print whole, cells beyond the capacity or the image as zeros.
-// Counts that describe more (a corrupt count word) print only the columns within the capacity
-// of the rows that the image holds: the text stays proportional to the image whatever its count
-// words say, and a reader of it reports the counts that the count line still shows.
+// The rows and columns a writer prints for the counts of `cells`. Counts that describe at most
+// kMaxPrintedCells cells print whole, cells beyond the capacity or the image as zeros and row
+// indexes beyond the image as 0, whatever the capacity. Counts that describe more (a corrupt
+// count word) print only the columns within the capacity of the rows that the image holds.
 struct PrintedExtent {
     quint32 rows;
     quint32 cols;
 };
+// Counts above the capacity print as zeros; a count word of 0xFFFFFFFF would print billions of
+// them for a 16-byte block. A million cells (some ten megabytes of text) is far above every
+// table's capacity and still a bounded amount of work for one block.
+constexpr quint64 kMaxPrintedCells = quint64(1) << 20;
 PrintedExtent printedExtent(const TableCells& cells);
 
 } // namespace detail

@@ -54,6 +54,20 @@ TEST(HwDatablock2Edition, DebugPagesAsGolden) {
     std::ostringstream cut;
     block.printDebugPageDetail(cut, HwSDataBlockCfg());
     EXPECT_NE(cut.str().find("\n# COL         10          \nDESC:"), std::string::npos);
+
+    // A sound image whose last column holds no values (type NONE) still shows that column.
+    load(block, bytesOf({
+                    0x21,  0x4E, 0x20, 0x00, 0,    0,    0,    0, // id 20001, size 32
+                    0,     0,    0,    0,    0,    0,             // CRC-32, update index
+                    0x00,  0x02, 0x00, 0x02, NONE, NONE, // 2 rows, 2 columns, no identifiers
+                    INT32, NONE, 0,    0,                // column types, padding to 24
+                    0x2A,  0,    0,    0,    0xFF, 0xFF, 0xFF, 0xFF, // rows 0 and 1: 42, -1
+                }));
+    std::ostringstream none;
+    block.printDebugPageComplete(none, HwSDataBlockCfg());
+    const std::string page = none.str();
+    EXPECT_EQ(page.substr(page.find("DESC:")),
+              "DESC:       \nTYPE: INT32 NONE\n0     42    \n1     -1    \n\n");
 }
 
 TEST(HwDatablock2Edition, ReadsBothHeaderLayoutsAndTruncatedHeadersAsZero) {

@@ -103,7 +103,7 @@ TEST(TokenForm, EveryKindAndShapeOfTableUpToTheCapacityAndRoundTrips) {
     EXPECT_EQ(printed(fill(big, 1, 1, {1000000})),
               "ID:  PYM_DCON_LEVELPRE2\nCOUNT:  1*1\n1: \t1000000000000000.00\n\n");
 
-    // Counts beyond the table print as stored, then only the rows and columns of the capacity.
+    // Corrupt counts print as stored, then only the rows and columns of the capacity.
     data = alcData();
     data.setRowCount(1);
     data.setColCount(11); // within the cell count: zeros for the missing cells
@@ -112,12 +112,9 @@ TEST(TokenForm, EveryKindAndShapeOfTableUpToTheCapacityAndRoundTrips) {
     data.setRowCount(4);
     data.setColCount(10);
     const std::string full = printed(data);
-    for (unsigned rows : {5u, 0xFFFFFFFFu}) {
-        data.setRowCount(rows);
-        data.setColCount(rows == 5 ? 10 : rows);
-        const std::string counts = std::to_string(rows) + "*" + std::to_string(data.getColCount());
-        EXPECT_EQ(printed(data), replaced(full, "COUNT:  4*10", "COUNT:  " + counts));
-    }
+    data.setRowCount(0xFFFFFFFFu);
+    data.setColCount(0xFFFFFFFFu);
+    EXPECT_EQ(printed(data), replaced(full, "COUNT:  4*10", "COUNT:  4294967295*4294967295"));
     // One line per cell when the rows outnumber the columns: at most the 40 cells held.
     data.setColCount(3);
     const std::string vector = printed(data);
