@@ -52,10 +52,11 @@ bool printable(quint16 id, const QByteArray& image) {
         return true;
     const tableKinds::TableKind* kind = tableKinds::find(id);
     const int at = kind != nullptr ? kind->countsOffset : 8; // misc-data tables count at 8
-    if (image.size() < at + 8)
-        return true;
+    // A count word that the image holds only in part reads as 0, as the class reads it.
     const auto count = [&image](int from) {
         quint32 value = 0;
+        if (from + 4 > image.size())
+            return value;
         for (int i = 3; i >= 0; --i)
             value = value << 8 | quint8(image[from + i]);
         return value;
