@@ -83,8 +83,17 @@ bool readWhole(QFile& file, qint64 size, QByteArray& content, std::shared_ptr<ch
 
 bool EepromImage::fromFile(const QString& path, EepromImage& result, QString& error,
                            int chainStart) {
-    const QFileInfo info(path);
     QString reason;
+    if (readFile(path, result, reason, chainStart))
+        return true;
+    error = QStringLiteral("cannot read %1: %2").arg(path, reason);
+    return false;
+}
+
+bool EepromImage::readFile(const QString& path, EepromImage& result, QString& reason,
+                           int chainStart) {
+    const QFileInfo info(path);
+    reason.clear();
     QFile file(path);
     QByteArray content;
     std::shared_ptr<char> storage;
@@ -103,10 +112,8 @@ bool EepromImage::fromFile(const QString& path, EepromImage& result, QString& er
     else if (content.size() > MaxFileSize || content.size() > info.size())
         reason =
             QStringLiteral("too large for an EEPROM image (more than %1 bytes)").arg(MaxFileSize);
-    if (!reason.isEmpty()) {
-        error = QStringLiteral("cannot read %1: %2").arg(path, reason);
+    if (!reason.isEmpty())
         return false;
-    }
     result = fromBytes(content, chainStart);
     result.storage = storage;
     return true;
