@@ -119,7 +119,7 @@ bench: build
 # Whole-process timings of epromtool over a folder of BATCH_IMAGES images against cksum.
 BATCH_IMAGES ?= 10000
 bench-batch: build
-	/usr/bin/python3 bench/batch_bench.py $(TOOL) $(BATCH_IMAGES)
+	/usr/bin/python3 bench/batch_bench.py $(TOOL) $(BUILD)/bench/peak_memory $(BATCH_IMAGES)
 
 format:
 	clang-format -i $$(git ls-files '*.h' '*.cpp')

@@ -9,7 +9,8 @@ chain cut short, an empty file. Then times, warm, best of RUNS:
   epromtool inventory -r FOLDER --csv against  cksum FILES...   (goal: within 3x)
 
 and the peak memory of both epromtool commands for COUNT/10 and COUNT images, which must not grow
-with the number of images. Usage: batch_bench.py EPROMTOOL [COUNT] [RUNS]
+with the number of images. Each command runs under PEAK_MEMORY (bench/PeakMemory.cpp).
+Usage: batch_bench.py EPROMTOOL PEAK_MEMORY [COUNT] [RUNS]
 """
 import os
 import shutil
@@ -19,6 +20,7 @@ import sys
 import tempfile
 import time
 
+PEAK_MEMORY = None
 SERIAL_OFFSET = 20  # in the ident block at the start of the sample
 SERVICE_BLOCK = 0x2C  # SERVICE_200
 
@@ -33,7 +35,7 @@ def checksum(block):
 
 
 def make_folder(tool, folder, count):
-    sample = os.path.join(folder, "..", "sample.eeprom")
+    sample = os.path.join(os.path.dirname(folder), "sample.eeprom")
     subprocess.run([tool, "sample", "-o", sample], check=True)
     base = bytearray(open(sample, "rb").read())
     ident_size = struct.unpack_from("<H", base, 2)[0]
@@ -64,11 +66,10 @@ def files_of(folder):
 
 
 def run(command):
-    """Wall time in seconds and peak resident memory in KiB of one whole process."""
-    start = time.perf_counter()
-    child = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-    _, status, usage = os.wait4(child.pid, 0)
-    return time.perf_counter() - start, usage.ru_maxrss, os.waitstatus_to_exitcode(status)
+    """Wall time in seconds, peak resident memory in KiB and exit code of one whole process."""
+    done = subprocess.run([PEAK_MEMORY] + command, capture_output=True, text=True, check=True)
+    seconds, peak, code = done.stdout.split()
+    return float(seconds), int(peak), int(code)
 
 
 def best(command, runs):
@@ -78,9 +79,11 @@ def best(command, runs):
 
 
 def main():
+    global PEAK_MEMORY
     tool = os.path.abspath(sys.argv[1])
-    count = int(sys.argv[2]) if len(sys.argv) > 2 else 10000
-    runs = int(sys.argv[3]) if len(sys.argv) > 3 else 5
+    PEAK_MEMORY = os.path.abspath(sys.argv[2])
+    count = int(sys.argv[3]) if len(sys.argv) > 3 else 10000
+    runs = int(sys.argv[4]) if len(sys.argv) > 4 else 5
     work = tempfile.mkdtemp(prefix="epromtool-batch-")
     try:
         small, large = os.path.join(work, "small"), os.path.join(work, "large")

@@ -92,24 +92,26 @@ bool EepromImage::fromFile(const QString& path, EepromImage& result, QString& er
 
 bool EepromImage::readFile(const QString& path, EepromImage& result, QString& reason,
                            int chainStart) {
-    const QFileInfo info(path);
     reason.clear();
     QFile file(path);
     QByteArray content;
     std::shared_ptr<char> storage;
-    if (!info.exists())
-        reason = QStringLiteral("No such file or directory");
-    else if (info.isDir())
-        reason = QStringLiteral("Is a directory");
-    else if (info.size() > MaxFileSize)
+    // Opened first and asked why only when that fails: one file system call less per image
+    // when many are read.
+    const bool opened = file.open(QIODevice::ReadOnly);
+    const qint64 size = opened ? file.size() : 0;
+    if (!opened) {
+        const QFileInfo info(path);
+        reason = !info.exists() ? QStringLiteral("No such file or directory")
+                 : info.isDir() ? QStringLiteral("Is a directory")
+                                : file.errorString();
+    } else if (size > MaxFileSize)
         reason = QStringLiteral("%1 bytes, too large for an EEPROM image (at most %2)")
-                     .arg(info.size())
+                     .arg(size)
                      .arg(MaxFileSize);
-    else if (!file.open(QIODevice::ReadOnly))
+    else if (!readWhole(file, size, content, storage))
         reason = file.errorString();
-    else if (!readWhole(file, qMin<qint64>(info.size(), MaxFileSize), content, storage))
-        reason = file.errorString();
-    else if (content.size() > MaxFileSize || content.size() > info.size())
+    else if (content.size() > size)
         reason =
             QStringLiteral("too large for an EEPROM image (more than %1 bytes)").arg(MaxFileSize);
     if (!reason.isEmpty())
