@@ -155,3 +155,31 @@ TEST(ImageInventory, RowsComeFromTheRecordBlocks) {
                                  QVariant(), QVariant(), QVariant(), QVariant(), QVariant(),
                                  qint64(1), QStringLiteral("No such file or directory")}));
 }
+
+TEST(ImageInventory, BrokenChainsGetTheirRowWithWhatBrokeThem) {
+    for (const BrokenChain& c : brokenChains()) {
+        SCOPED_TRACE(c.what);
+        BatchItem item;
+        item.path = QStringLiteral("x");
+        item.readable = true;
+        item.image = EepromImage::fromBytes(c.image);
+        const InventoryRow row = inventory::rowOf(item);
+        EXPECT_EQ(row.verdict, ImageVerdict::BrokenChain);
+        EXPECT_EQ(row.reason, hex4(static_cast<unsigned>(c.offset)) + ": " + c.problem);
+        EXPECT_EQ(std::make_tuple(row.blocks, row.problems, row.identified),
+                  std::make_tuple(c.blocksRead, 1, false));
+    }
+    // A hostile ident block: the right id and size, every other byte 0xFF; its values are shown
+    // as stored, the product date as its bits say, the name as its 14 bytes.
+    QByteArray ident(44, '\xFF');
+    ident.replace(0, 8, bytesOf({0x02, 0x00, 0x2C, 0x00, 0x00, 0x00, 0x00, 0x00}));
+    sealChecksum(ident);
+    BatchItem item;
+    item.readable = true;
+    item.image = EepromImage::fromBytes(ident + endBlock());
+    const InventoryRow row = inventory::rowOf(item);
+    EXPECT_EQ(std::make_tuple(row.partNumber, row.serialNumber, row.hardwareCode, row.productDate),
+              std::make_tuple(QStringLiteral("429496.7295.255"), qint64(4294967295), 255,
+                              QStringLiteral("2107-15-31")));
+    EXPECT_EQ(row.name.size(), 14);
+}
