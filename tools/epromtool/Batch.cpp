@@ -31,8 +31,8 @@ QString commentSafe(QString text) {
 
 } // namespace
 
-void addBatchArguments(CommandLine& line) {
-    line.addOptionalArguments(QStringLiteral("[IMAGE...]"),
+void addBatchArguments(CommandLine& line, const QString& name) {
+    line.addOptionalArguments(QStringLiteral("[%1...]").arg(name),
                               QStringLiteral("Further images; with -r, directories too."));
     line.addOption({{QStringLiteral("r"), kRecursive},
                     QStringLiteral("Walk directories: every file below them, in name order, "

@@ -14,8 +14,8 @@
 
 namespace epromtool {
 
-// [IMAGE...] behind the first image, and -r/--recursive.
-void addBatchArguments(CommandLine& line);
+// [IMAGE...] (or the given name) behind the first image, and -r/--recursive.
+void addBatchArguments(CommandLine& line, const QString& name = QStringLiteral("IMAGE"));
 // True when the command works on several images: more than one IMAGE is named, or -r.
 bool isBatch(const CommandLine& line);
 // Every IMAGE named, in order.

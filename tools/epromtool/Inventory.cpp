@@ -95,7 +95,7 @@ int runInventory(const QStringList& arguments) {
                                     "name), the last service date and the operating hours, the "
                                     "number of problems and the first of them."));
     line.addArgument(QStringLiteral("PATH"), QStringLiteral("An image, or with -r a directory."));
-    addBatchArguments(line);
+    addBatchArguments(line, QStringLiteral("PATH"));
     line.addOption({QStringLiteral("csv"),
                     QStringLiteral("Comma-separated values with a header row (RFC 4180).")});
     line.addJsonOption();
@@ -112,7 +112,7 @@ int runInventory(const QStringList& arguments) {
 
     int code = ExitOk;
     const QStringList paths = imagePaths(line);
-    const bool recursive = isBatch(line) && line.isSet(QStringLiteral("recursive"));
+    const bool recursive = line.isSet(QStringLiteral("recursive"));
     if (line.json()) {
         JsonStream stream;
         const Tupsim::BatchTally tally = Tupsim::inventory::forEachRow(
