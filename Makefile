@@ -9,7 +9,7 @@ TOOL = $(BUILD)/tools/epromtool/epromtool
 # Rebuilds go through ccache where it is installed.
 CCACHE := $(shell command -v ccache >/dev/null 2>&1 && echo -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 
-.PHONY: all deps configure build test asan fuzz-deps fuzz-build fuzz fuzz-merge run examples goldens bench format clean
+.PHONY: all deps configure build test asan fuzz-deps fuzz-build fuzz fuzz-merge run examples goldens bench bench-batch format clean
 
 all: build
 
@@ -115,6 +115,11 @@ bench: build
 	echo; echo "== speed relative to the reference, all programs"; \
 	printf "%-10s %-12s %-10s %8s %10s %8s\n" concern kernel reference bytes GB/s ratio; \
 	cat $$summary; rm -f $$summary
+
+# Whole-process timings of epromtool over a folder of BATCH_IMAGES images against cksum.
+BATCH_IMAGES ?= 10000
+bench-batch: build
+	/usr/bin/python3 bench/batch_bench.py $(TOOL) $(BUILD)/bench/peak_memory $(BATCH_IMAGES)
 
 format:
 	clang-format -i $$(git ls-files '*.h' '*.cpp')

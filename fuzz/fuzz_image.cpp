@@ -1,13 +1,14 @@
 // Fuzz target: the whole-image layer. The input is an image and a calibration text (a two-byte
 // length says where the image ends): open, checks and problems, export, import planning and
-// applying, and the diff. An import never leaves a block that the checks call bad, and an image
-// whose blocks all pass reads its own export back unchanged.
+// applying, the diff and the inventory row. An import never leaves a block that the checks call
+// bad, and an image whose blocks all pass reads its own export back unchanged.
 #include "FuzzSupport.h"
 
 #include <EepromImage.h>
 #include <ImageDiff.h>
 #include <ImageExport.h>
 #include <ImageImport.h>
+#include <ImageInventory.h>
 
 using namespace Tupsim;
 
@@ -24,6 +25,12 @@ void inspect(const EepromImage& image) {
         image.name(i);
         FUZZ_CHECK(image.blockBytes(i).size() == image.block(i).size || image.block(i).isEnd);
     }
+    BatchItem item;
+    item.readable = true;
+    item.image = image;
+    const InventoryRow row = inventory::rowOf(item);
+    FUZZ_CHECK(row.blocks == image.dataBlockCount());
+    FUZZ_CHECK(inventoryCells(row).size() == inventoryColumns().size());
 }
 
 } // namespace

@@ -83,30 +83,39 @@ bool readWhole(QFile& file, qint64 size, QByteArray& content, std::shared_ptr<ch
 
 bool EepromImage::fromFile(const QString& path, EepromImage& result, QString& error,
                            int chainStart) {
-    const QFileInfo info(path);
     QString reason;
+    if (readFile(path, result, reason, chainStart))
+        return true;
+    error = QStringLiteral("cannot read %1: %2").arg(path, reason);
+    return false;
+}
+
+bool EepromImage::readFile(const QString& path, EepromImage& result, QString& reason,
+                           int chainStart) {
+    reason.clear();
     QFile file(path);
     QByteArray content;
     std::shared_ptr<char> storage;
-    if (!info.exists())
-        reason = QStringLiteral("No such file or directory");
-    else if (info.isDir())
-        reason = QStringLiteral("Is a directory");
-    else if (info.size() > MaxFileSize)
+    // Opened first and asked why only when that fails: one file system call less per image
+    // when many are read.
+    const bool opened = file.open(QIODevice::ReadOnly);
+    const qint64 size = opened ? file.size() : 0;
+    if (!opened) {
+        const QFileInfo info(path);
+        reason = !info.exists() ? QStringLiteral("No such file or directory")
+                 : info.isDir() ? QStringLiteral("Is a directory")
+                                : file.errorString();
+    } else if (size > MaxFileSize)
         reason = QStringLiteral("%1 bytes, too large for an EEPROM image (at most %2)")
-                     .arg(info.size())
+                     .arg(size)
                      .arg(MaxFileSize);
-    else if (!file.open(QIODevice::ReadOnly))
+    else if (!readWhole(file, size, content, storage))
         reason = file.errorString();
-    else if (!readWhole(file, qMin<qint64>(info.size(), MaxFileSize), content, storage))
-        reason = file.errorString();
-    else if (content.size() > MaxFileSize || content.size() > info.size())
+    else if (content.size() > size)
         reason =
             QStringLiteral("too large for an EEPROM image (more than %1 bytes)").arg(MaxFileSize);
-    if (!reason.isEmpty()) {
-        error = QStringLiteral("cannot read %1: %2").arg(path, reason);
+    if (!reason.isEmpty())
         return false;
-    }
     result = fromBytes(content, chainStart);
     result.storage = storage;
     return true;

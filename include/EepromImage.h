@@ -59,6 +59,10 @@ public:
     // REASON"), when it cannot.
     static bool fromFile(const QString& path, EepromImage& image, QString& error,
                          int chainStart = 0);
+    // As fromFile, with only the reason in `reason` ("No such file or directory"), for reports
+    // that show the path apart.
+    static bool readFile(const QString& path, EepromImage& image, QString& reason,
+                         int chainStart = 0);
     static constexpr qint64 MaxFileSize = 16 * 1024 * 1024;
 
     const QByteArray& bytes() const { return image; }

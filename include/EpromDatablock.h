@@ -75,6 +75,8 @@
 // Whole images
 #include "BlockCatalogue.h"
 #include "EepromImage.h"
+#include "ImageBatch.h"
 #include "ImageDiff.h"
 #include "ImageExport.h"
 #include "ImageImport.h"
+#include "ImageInventory.h"

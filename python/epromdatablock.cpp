@@ -22,6 +22,9 @@
 namespace py = pybind11;
 using namespace Tupsim;
 
+// inventory.cpp
+void addInventory(py::module_& m);
+
 // QString travels as str, QByteArray as bytes.
 namespace pybind11 {
 namespace detail {
@@ -694,4 +697,5 @@ PYBIND11_MODULE(epromdatablock, m) {
         },
         "Every block id the library has a class for, as dicts with 'id', 'name', 'class', "
         "'kind', 'template' and 'reads_back'.");
+    addInventory(m);
 }

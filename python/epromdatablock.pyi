@@ -166,3 +166,9 @@ class Image:
 
 def catalogue() -> List[Dict[str, Union[int, str, bool]]]:
     """Every block id the library has a class for: id, name, class, kind, template, reads_back."""
+
+def inventory(
+    paths: Union[_Path, Sequence[_Path]], recursive: bool = False, offset: int = 0
+) -> List[Dict[str, Optional[Union[int, str]]]]:
+    """One dict per image: path, verdict, blocks, partNumber, serialNumber, hardwareCode,
+    productDate, name, lastServiceDate, operatingHours, problems, reason (None where absent)."""

@@ -32,20 +32,26 @@ void copyRecord(HwDatablock& block, QByteArray& image, const QByteArray& record,
     blockfields::keepRecordChecksum(block, record);
 }
 
+std::string partNumberText(quint32 partNumber, unsigned variant) {
+    return format("%u.%04u.%02u", partNumber / 10000, partNumber % 10000, variant);
+}
+
+std::string dateText(unsigned packed) {
+    return format("%u-%02u-%02u", 1980 + (packed >> 9), (packed >> 5) & 0xF, packed & 0x1F);
+}
+
 void printFields(std::ostream& out, const QByteArray& image, const char* nameSuffix) {
     const quint32 part = bytes::getLE<quint32>(image, PartNumber);
     const unsigned variant = bytes::getLE<quint8>(image, Variant);
     const unsigned index = bytes::getLE<quint16>(image, ProductIndex);
     const unsigned date = bytes::getLE<quint16>(image, ProductDate);
     const unsigned instruction = bytes::getLE<quint16>(image, TestInstruction);
-    out << "PARTNUMBER:      " << format("%u.%04u.%02u", part / 10000, part % 10000, variant)
-        << "\n";
+    out << "PARTNUMBER:      " << partNumberText(part, variant) << "\n";
     out << "HWCODE:          " << format("%u", unsigned{bytes::getLE<quint8>(image, HardwareCode)})
         << "\n";
     out << "PRODUCTINDEX:    " << format("%02u.%02u", index / 100, index % 100) << "\n";
     out << "SN:              " << format("%u", bytes::getLE<quint32>(image, SerialNumber)) << "\n";
-    out << "PRODUCTDATE:     "
-        << format("%u-%02u-%02u", 1980 + (date >> 9), (date >> 5) & 0xF, date & 0x1F) << "\n";
+    out << "PRODUCTDATE:     " << dateText(date) << "\n";
     out << "READCODE:        " << format("%u", unsigned{bytes::getLE<quint16>(image, ReadCode)})
         << "\n";
     out << "TESTINSTRUCTION: " << format("%02u.%02u", instruction / 100, instruction % 100) << "\n";

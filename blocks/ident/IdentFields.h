@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QString>
 #include <ostream>
+#include <string>
 
 namespace Tupsim {
 namespace identfields {
@@ -31,6 +32,11 @@ QString name(const QByteArray& image);
 // offset 8 on through its byte-order hook, and last the record's own checksum (not a new one).
 void copyRecord(HwDatablock& block, QByteArray& image, const QByteArray& record,
                 unsigned short size);
+
+// "1234.5678.02": the part number with its four-digit sub-number, then the variant.
+std::string partNumberText(quint32 partNumber, unsigned variant);
+// "2021-06-15" from a packed date: bits 15..9 year minus 1980, 8..5 month, 4..0 day.
+std::string dateText(unsigned packed);
 
 // Lines PARTNUMBER to NAME of the text form; `nameSuffix` follows the name.
 void printFields(std::ostream& out, const QByteArray& image, const char* nameSuffix);

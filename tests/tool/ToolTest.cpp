@@ -115,7 +115,7 @@ TEST(Tool, BadPathsAndCommandLines) {
         {{}, 64, "no command given (see 'epromtool --help')\n"},
         {{"frob"}, 64, "unknown command 'frob' (see 'epromtool --help')\n"},
         {{"list"}, 64, "list: missing IMAGE"},
-        {{"list", "a", "b"}, 64, "list: unexpected argument 'b'"},
+        {{"show", "a", "b"}, 64, "show: unexpected argument 'b'"},
         {{"show", "g"}, 64, "show: missing --id N"},
         {{"show", "g", "--id", "65536"}, 64, "show: '65536' is not a block id"},
         {{"export", "g", "--id", "0xZZ", "-o", "x"}, 64, "export: '0xZZ' is not a block id"},

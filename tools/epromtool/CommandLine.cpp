@@ -2,6 +2,7 @@
 #include "CommandLine.h"
 
 #include "Commands.h"
+#include "Inventory.h"
 #include "Reports.h"
 
 #include <QCoreApplication>
@@ -28,6 +29,8 @@ const CommandEntry kCommands[] = {
     {"import", "read the blocks back from an ASCII calibration file", runImport},
     {"set", "set named fields of a record block (--id N FIELD=VALUE...)", runSet},
     {"fix", "recompute failing checksums and CRC-32s", runFix},
+    {"inventory", "one row per image: verdict, part and serial number, service (CSV, JSON)",
+     runInventory},
     {"sample", "write a demonstration image (-o FILE)", runSample},
 };
 
@@ -49,7 +52,7 @@ QString description() {
         "more):\n");
     for (const CommandEntry& command : kCommands)
         text += QStringLiteral("  %1  %2\n")
-                    .arg(QString::fromLatin1(command.name).leftJustified(7),
+                    .arg(QString::fromLatin1(command.name).leftJustified(9),
                          QLatin1String(command.summary));
     return text.trimmed();
 }

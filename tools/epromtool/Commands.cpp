@@ -2,6 +2,7 @@
 // prints what it got; the writing commands write through safeWrite.
 #include "Commands.h"
 
+#include "Batch.h"
 #include "CommandLine.h"
 #include "Reports.h"
 #include "SafeWriter.h"
@@ -53,14 +54,18 @@ int runReport(const QStringList& arguments, const QString& command, const QStrin
               QJsonDocument (*json)(const QString&, const EepromImage&)) {
     CommandLine line(command, description);
     line.addArgument(kImageArgument, kImageHelp);
+    addBatchArguments(line);
     line.addOffsetOption();
     line.addJsonOption();
     int start = 0;
-    int early = line.parse(arguments);
+    int early = line.parse(arguments, true);
     if (early < 0)
         early = line.chainStart(start);
     if (early >= 0)
         return early;
+    if (isBatch(line))
+        return runBatchReport(
+            line, start, [text](const EepromImage& image) { return linesOf(text(image)); }, json);
     EepromImage image;
     if (!load(line.argument(0), image, start))
         return ExitUnreadable;
@@ -224,15 +229,16 @@ int runExport(const QStringList& arguments) {
                      QStringLiteral("Writes the blocks of IMAGE as an ASCII calibration file, "
                                     "each in the form of its own class."));
     line.addArgument(kImageArgument, kImageHelp);
+    addBatchArguments(line);
     line.addOption({{QStringLiteral("o"), QStringLiteral("output")},
-                    QStringLiteral("Write to FILE instead of standard output."),
+                    QStringLiteral("Write to FILE instead of standard output (one image only)."),
                     QStringLiteral("FILE")});
     line.addOption({QStringLiteral("id"),
                     QStringLiteral("Export only blocks with this id; may be repeated."),
                     QStringLiteral("N")});
     line.addOffsetOption();
     int start = 0;
-    int early = line.parse(arguments);
+    int early = line.parse(arguments, true);
     if (early < 0)
         early = line.chainStart(start);
     if (early >= 0)
@@ -244,6 +250,12 @@ int runExport(const QStringList& arguments) {
             return line.usageError(QStringLiteral("'%1' is not a block id").arg(text));
         ids.insert(id);
     }
+    if (isBatch(line)) {
+        if (line.isSet(QStringLiteral("output")))
+            return line.usageError(QStringLiteral("-o takes one image; several go to standard "
+                                                  "output"));
+        return runBatchExport(line, start, ids);
+    }
 
     const QString path = line.argument(0);
     EepromImage image;
@@ -251,14 +263,8 @@ int runExport(const QStringList& arguments) {
         return ExitUnreadable;
     if (stopOnBrokenChain(path, image, QStringLiteral("exported")))
         return ExitUnreadable;
-    QSet<quint16> missing = ids;
-    for (int i = 0; i < image.blockCount(); ++i)
-        missing.remove(image.block(i).id);
-    if (!missing.isEmpty()) {
-        for (quint16 id : missing)
-            error(QStringLiteral("%1: no block with id %2").arg(path).arg(id));
+    if (reportMissingIds(path, image, ids))
         return ExitUnreadable;
-    }
     const std::string content = Tupsim::exportImage(image, ids);
     if (!line.isSet(QStringLiteral("output"))) {
         std::cout << content;
