@@ -1,7 +1,7 @@
 # Thin wrapper over CMake: `make test` sets up a fresh Debian 12 machine, builds and runs the suite.
 BUILD ?= build
 JOBS ?= $(shell nproc)
-PACKAGES := cmake g++ make qtbase5-dev libgtest-dev libgmock-dev libbenchmark-dev zlib1g-dev pkg-config pybind11-dev python3-dev python3-pytest
+PACKAGES := cmake g++ make qtbase5-dev libgtest-dev libgmock-dev libbenchmark-dev zlib1g-dev pkg-config pybind11-dev python3-dev python3-pytest python3-fusepy
 IMAGE ?= examples/sample.eeprom
 # `make run` writes its export here, never into the repository.
 RUN_DIR ?= $(or $(TMPDIR),/tmp)/epromtool-run
@@ -9,7 +9,7 @@ TOOL = $(BUILD)/tools/epromtool/epromtool
 # Rebuilds go through ccache where it is installed.
 CCACHE := $(shell command -v ccache >/dev/null 2>&1 && echo -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 
-.PHONY: all deps configure build test asan fuzz-deps fuzz-build fuzz fuzz-merge run examples goldens bench format clean
+.PHONY: all deps configure build test asan fuzz-deps fuzz-build fuzz fuzz-merge run examples goldens bench bench-device format clean
 
 all: build
 
@@ -115,6 +115,11 @@ bench: build
 	echo; echo "== speed relative to the reference, all programs"; \
 	printf "%-10s %-12s %-10s %8s %10s %8s\n" concern kernel reference bytes GB/s ratio; \
 	cat $$summary; rm -f $$summary
+
+# `set` of one field on the emulated at24 (FUSE, 32-byte pages, 5 ms each) against writing the
+# whole image: pages, bytes and seconds of each, and their ratio.
+bench-device: build
+	/usr/bin/python3 bench/device_bench.py $(TOOL) examples/sample.eeprom
 
 format:
 	clang-format -i $$(git ls-files '*.h' '*.cpp')

@@ -2,12 +2,12 @@
 #include "EepromImage.h"
 
 #include "HwDatablock.h"
+#include "ImageSource.h"
 #include "core/Checks.h"
 #include "core/HwBytes.h"
 #include "image/TableKinds.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <cstdlib>
 #ifdef __linux__
 #include <sys/mman.h>
@@ -83,26 +83,30 @@ bool readWhole(QFile& file, qint64 size, QByteArray& content, std::shared_ptr<ch
 
 bool EepromImage::fromFile(const QString& path, EepromImage& result, QString& error,
                            int chainStart) {
-    const QFileInfo info(path);
+    // Devices and sysfs files are read like files, once, by their real size; a source that does
+    // not tell its size is read up to one byte past the limit.
+    ImageSource source;
     QString reason;
     QFile file(path);
     QByteArray content;
     std::shared_ptr<char> storage;
-    if (!info.exists())
-        reason = QStringLiteral("No such file or directory");
-    else if (info.isDir())
-        reason = QStringLiteral("Is a directory");
-    else if (info.size() > MaxFileSize)
-        reason = QStringLiteral("%1 bytes, too large for an EEPROM image (at most %2)")
-                     .arg(info.size())
-                     .arg(MaxFileSize);
-    else if (!file.open(QIODevice::ReadOnly))
-        reason = file.errorString();
-    else if (!readWhole(file, qMin<qint64>(info.size(), MaxFileSize), content, storage))
-        reason = file.errorString();
-    else if (content.size() > MaxFileSize || content.size() > info.size())
-        reason =
-            QStringLiteral("too large for an EEPROM image (more than %1 bytes)").arg(MaxFileSize);
+    const bool known = inspectSource(path, source, reason);
+    const qint64 expected = source.size < 0 ? MaxFileSize : source.size;
+    if (known) {
+        if (source.kind == ImageSource::Directory)
+            reason = QStringLiteral("Is a directory");
+        else if (source.size > MaxFileSize)
+            reason = QStringLiteral("%1 bytes, too large for an EEPROM image (at most %2)")
+                         .arg(source.size)
+                         .arg(MaxFileSize);
+        else if (!file.open(QIODevice::ReadOnly))
+            reason = file.errorString();
+        else if (!readWhole(file, expected, content, storage))
+            reason = file.errorString();
+        else if (content.size() > MaxFileSize || content.size() > expected)
+            reason = QStringLiteral("too large for an EEPROM image (more than %1 bytes)")
+                         .arg(MaxFileSize);
+    }
     if (!reason.isEmpty()) {
         error = QStringLiteral("cannot read %1: %2").arg(path, reason);
         return false;
