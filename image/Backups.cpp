@@ -57,7 +57,7 @@ bool keep(const QString& target, const QByteArray& previous, unsigned mode,
         path = backupPath(target);
         const QString refused = refusal(path);
         if (!refused.isEmpty()) {
-            error = QStringLiteral("cannot keep a backup in %1: %2").arg(path, refused);
+            error = QStringLiteral("cannot write %1: %2, never written through").arg(path, refused);
             return false;
         }
         if (fileio::publish(path, previous, mode, true, reason))
