@@ -52,4 +52,4 @@ def main(tool, sample):
 
 
 if __name__ == "__main__":
-    main(sys.argv[1], sys.argv[2])
+    main(os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2]))
