@@ -93,6 +93,11 @@ def test_commands_write_only_changed_pages_on_the_double(fuse, tmp_path):
     code, out, err = tool("set", fuse.path, "--id", "2", "SN=4242", "--in-place", "--dry-run", cwd=tmp_path)
     assert code == 0 and re.search(r"dry run: would write [12] pages? of 32 bytes", out), out + err
     assert fuse.stats()["pages"] == 0 and fuse.content() == SAMPLE
+    # A backup that cannot be written stops the command before the device is touched.
+    code, _, err = tool("set", fuse.path, "--id", "2", "SN=4242", "--in-place", "--backup-dir",
+                        tmp_path / "missing", cwd=tmp_path)
+    assert code == 3 and "cannot write the backup" in err and "left as it is" in err
+    assert fuse.stats()["pages"] == 0 and fuse.content() == SAMPLE
 
     code, out, err = tool("set", fuse.path, "--id", "2", "SN=4242", "--in-place", cwd=tmp_path)
     assert code == 0, err
