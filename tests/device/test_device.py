@@ -194,6 +194,7 @@ def test_sigkill_during_a_device_write(tmp_path):
                 part = now[offset:offset + size]
                 if part not in (SAMPLE[offset:offset + size], after[offset:offset + size]):
                     assert code != 0 and "0x%04x:" % offset in out, (context, offset, out)
+        print("SIGKILL: %d of 25 runs left a torn write, seed %d" % (torn, seed))
         assert torn > 0
 
 
