@@ -1,7 +1,7 @@
 # Thin wrapper over CMake: `make test` sets up a fresh Debian 12 machine, builds and runs the suite.
 BUILD ?= build
 JOBS ?= $(shell nproc)
-PACKAGES := cmake g++ make qtbase5-dev libgtest-dev libgmock-dev libbenchmark-dev zlib1g-dev pkg-config pybind11-dev python3-dev python3-pytest
+PACKAGES := cmake g++ make qtbase5-dev libgtest-dev libgmock-dev libbenchmark-dev zlib1g-dev pkg-config pybind11-dev python3-dev python3-pytest python3-fusepy
 IMAGE ?= examples/sample.eeprom
 # `make run` writes its export here, never into the repository.
 RUN_DIR ?= $(or $(TMPDIR),/tmp)/epromtool-run
@@ -9,7 +9,7 @@ TOOL = $(BUILD)/tools/epromtool/epromtool
 # Rebuilds go through ccache where it is installed.
 CCACHE := $(shell command -v ccache >/dev/null 2>&1 && echo -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 
-.PHONY: all deps configure build test asan fuzz-deps fuzz-build fuzz fuzz-merge run examples goldens bench bench-batch format clean
+.PHONY: all deps configure build test asan fuzz-deps fuzz-build fuzz fuzz-merge run examples goldens bench bench-batch bench-device format clean
 
 all: build
 
@@ -120,6 +120,11 @@ bench: build
 BATCH_IMAGES ?= 10000
 bench-batch: build
 	/usr/bin/python3 bench/batch_bench.py $(TOOL) $(BUILD)/bench/peak_memory $(BATCH_IMAGES)
+
+# `set` of one field on the emulated at24 (FUSE, 32-byte pages, 5 ms each) against writing the
+# whole image: pages, bytes and seconds of each, and their ratio.
+bench-device: build
+	/usr/bin/python3 bench/device_bench.py $(TOOL) examples/sample.eeprom
 
 format:
 	clang-format -i $$(git ls-files '*.h' '*.cpp')

@@ -2,6 +2,7 @@
 #include "EepromImage.h"
 
 #include "HwDatablock.h"
+#include "ImageSource.h"
 #include "core/Checks.h"
 #include "core/HwBytes.h"
 #include "image/TableKinds.h"
@@ -99,7 +100,16 @@ bool EepromImage::readFile(const QString& path, EepromImage& result, QString& re
     // Opened first and asked why only when that fails: one file system call less per image
     // when many are read.
     const bool opened = file.open(QIODevice::ReadOnly);
-    const qint64 size = opened ? file.size() : 0;
+    qint64 size = opened ? file.size() : 0;
+    // Devices are read like files, once, by their real size: a block device tells it through
+    // the device (its file size is 0), a source that tells none is read up to one byte past
+    // the limit.
+    if (opened && (size == 0 || file.isSequential())) {
+        ImageSource source;
+        if (!inspectSource(path, source, reason))
+            return false;
+        size = source.size < 0 ? MaxFileSize : source.size;
+    }
     if (!opened) {
         const QFileInfo info(path);
         reason = !info.exists() ? QStringLiteral("No such file or directory")

@@ -1,56 +1,93 @@
-// Replaces a file only once its new content is complete and flushed.
+// Chooses how an image reaches its target, and replaces regular files only once their new
+// content is complete and flushed.
 #include "SafeWrite.h"
+
+#include "image/Backups.h"
+#include "image/FileIo.h"
+#include "image/WriteStrategies.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
+#include <cerrno>
 
 namespace Tupsim {
-
-namespace {
-
-bool commit(const QString& path, const QByteArray& content, QString& error) {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        error = QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
-        return false;
-    }
-    if (file.write(content) != content.size() || !file.commit()) {
-        error = QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
-        file.cancelWriting();
-        return false;
-    }
-    return true;
-}
-
-} // namespace
 
 QString backupPath(const QString& path) {
     return path + QStringLiteral(".bak");
 }
 
+WriteResult replaceFile(const QString& path, const QByteArray& content, const WriteOptions& options,
+                        const ImageSource* source) {
+    WriteResult result;
+    // A symbolic link named as the image is the user's way to the image: its target is written.
+    const QFileInfo info(path);
+    const QString target = info.isSymLink() ? info.symLinkTarget() : path;
+    QByteArray previous;
+    if (source != nullptr) {
+        QFile file(target);
+        if (!file.open(QIODevice::ReadOnly) ||
+            (previous = file.readAll(), file.error() != QFileDevice::NoError)) {
+            result.error =
+                QStringLiteral("cannot read %1 to keep a backup: %2").arg(path, file.errorString());
+            return result;
+        }
+    }
+    if (options.sameSize && source != nullptr && previous.size() != content.size()) {
+        result.sizeMismatch = true;
+        result.error = QStringLiteral("%1 holds %2 bytes, the image %3")
+                           .arg(path)
+                           .arg(previous.size())
+                           .arg(content.size());
+        return result;
+    }
+    result.pages = changedRanges(previous, content, options.pageSize);
+    if (options.dryRun) {
+        result.ok = true;
+        return result;
+    }
+    // A new file gets what the umask allows; a replaced one keeps its permissions, and so do its
+    // backup and the temporary file.
+    const unsigned mode = source != nullptr ? source->mode : fileio::kDefaultMode;
+    if (options.keepBackup && source != nullptr &&
+        !backups::keep(target, previous, mode, options.backupDir, true, result.backup,
+                       result.error))
+        return result;
+    QString reason;
+    if (!fileio::publish(target, content, mode, true, reason)) {
+        result.error = QStringLiteral("cannot write %1: %2").arg(path, reason);
+        return result;
+    }
+    result.ok = true;
+    return result;
+}
+
+WriteResult writeImage(const QString& path, const QByteArray& content,
+                       const WriteOptions& options) {
+    ImageSource source;
+    QString reason;
+    if (!inspectSource(path, source, reason)) {
+        if (errno == ENOENT && !options.inPlace)
+            return replaceFile(path, content, options, nullptr);
+        WriteResult result;
+        result.error = QStringLiteral("cannot write %1: %2").arg(path, reason);
+        return result;
+    }
+    if (source.kind == ImageSource::Directory) {
+        WriteResult result;
+        result.error = QStringLiteral("cannot write %1: Is a directory").arg(path);
+        return result;
+    }
+    if (options.inPlace || source.inPlaceOnly() || source.kind == ImageSource::Other)
+        return writeInPlace(path, content, options, source);
+    return replaceFile(path, content, options, &source);
+}
+
 bool safeWrite(const QString& path, const QByteArray& content, bool keepBackup, QString& error) {
-    if (QFileInfo(path).isDir()) {
-        error = QStringLiteral("cannot write %1: Is a directory").arg(path);
-        return false;
-    }
-    if (keepBackup && QFileInfo::exists(path)) {
-        QFile current(path);
-        if (!current.open(QIODevice::ReadOnly)) {
-            error = QStringLiteral("cannot read %1 to keep a backup: %2")
-                        .arg(path, current.errorString());
-            return false;
-        }
-        const QByteArray previous = current.readAll();
-        if (current.error() != QFileDevice::NoError) {
-            error = QStringLiteral("cannot read %1 to keep a backup: %2")
-                        .arg(path, current.errorString());
-            return false;
-        }
-        if (!commit(backupPath(path), previous, error))
-            return false;
-    }
-    return commit(path, content, error);
+    WriteOptions options;
+    options.keepBackup = keepBackup;
+    const WriteResult result = writeImage(path, content, options);
+    error = result.error;
+    return result.ok;
 }
 
 } // namespace Tupsim

@@ -1,21 +1,21 @@
-// Replacing a file only once its new content is complete and flushed, optionally keeping the
-// previous content as FILE.bak: how images are written back.
+// Writing an image back with the default options: a file replaced only once its new content is
+// complete and flushed, keeping the previous content as FILE.bak; a device written in place.
 #pragma once
 
 #include "EpromDatablockGlobal.h"
+#include "ImageWriter.h"
 
 #include <QByteArray>
 #include <QString>
 
 namespace Tupsim {
 
-// PATH.bak, where safeWrite keeps the previous content.
+// PATH.bak, where a replaced file's previous content is kept.
 EPROMDATABLOCK_EXPORT QString backupPath(const QString& path);
 
-// Writes `content` to `path` through a temporary file that replaces the target only once it is
-// complete. With `keepBackup` the previous content, where there is one, is first written (the
-// same safe way) to backupPath(path), so a failure at any step leaves the target as it was. On
-// failure `error` is "cannot write PATH: REASON" or "cannot read PATH to keep a backup: REASON".
+// writeImage(path, content) with or without a backup: a failure at any step leaves the target
+// as it was, or (a device) says where its previous content is kept. On failure `error` is one
+// line, "cannot write PATH: REASON" or "cannot read PATH to keep a backup: REASON" for a file.
 EPROMDATABLOCK_EXPORT bool safeWrite(const QString& path, const QByteArray& content,
                                      bool keepBackup, QString& error);
 

@@ -615,8 +615,10 @@ PYBIND11_MODULE(epromdatablock, m) {
                     raiseOSError(error);
             },
             py::arg("path"), py::arg("backup") = true,
-            "Writes the image to `path`, replacing the file only once the new content is "
-            "complete; with `backup` the previous file is kept as PATH.bak. OSError on failure.")
+            "Writes the image to `path`, replacing a file only once the new content is "
+            "complete (with `backup` the previous file is kept as PATH.bak); a device (block or "
+            "character device, sysfs file) gets only its changed pages, after a timestamped "
+            "backup in the current directory, and is read back. OSError on failure.")
         .def(
             "export",
             [](const EepromImage& image, const std::optional<std::vector<quint16>>& ids) {

@@ -154,7 +154,8 @@ class Image:
     def to_bytes(self) -> bytes:
         """The image's bytes."""
     def save(self, path: _Path, backup: bool = True) -> None:
-        """Writes the image safely; with `backup` the previous file is kept as PATH.bak."""
+        """Writes the image safely; with `backup` the previous file is kept as PATH.bak (a device:
+        only its changed pages, after a timestamped backup, then read back)."""
     def export(self, ids: Optional[Sequence[int]] = None) -> str:
         """The image (or the blocks with the given ids) as a calibration text."""
     def plan_import(self, text: Union[str, bytes]) -> ImportPlan:

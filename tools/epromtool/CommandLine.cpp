@@ -31,6 +31,7 @@ const CommandEntry kCommands[] = {
     {"fix", "recompute failing checksums and CRC-32s", runFix},
     {"inventory", "one row per image: verdict, part and serial number, service (CSV, JSON)",
      runInventory},
+    {"write", "put an image onto a device or file, only the changed pages", runWrite},
     {"sample", "write a demonstration image (-o FILE)", runSample},
 };
 
@@ -108,9 +109,28 @@ void CommandLine::addWriteOptions(const QString& output) {
     parser.addOption({{QStringLiteral("o"), QStringLiteral("output")},
                       QStringLiteral("Write the new image to FILE instead of %1.").arg(output),
                       QStringLiteral("FILE")});
-    parser.addOption({QStringLiteral("dry-run"), QStringLiteral("Report, but write nothing.")});
+    addDeviceWriteOptions();
+}
+
+void CommandLine::addDeviceWriteOptions() {
+    parser.addOption({QStringLiteral("dry-run"),
+                      QStringLiteral("Report (for a device: the pages that would be written), "
+                                     "but write nothing.")});
     parser.addOption({QStringLiteral("no-backup"),
-                      QStringLiteral("Do not keep the replaced file as FILE.bak.")});
+                      QStringLiteral("Keep no backup of the previous content (FILE.bak for a "
+                                     "file, a timestamped copy for a device).")});
+    parser.addOption({QStringLiteral("in-place"),
+                      QStringLiteral("Write the target in place, only the changed pages, as a "
+                                     "device is (block and character devices and sysfs files "
+                                     "always are).")});
+    parser.addOption({QStringLiteral("page-size"),
+                      QStringLiteral("The device's write unit in bytes (default 32)."),
+                      QStringLiteral("N")});
+    parser.addOption({QStringLiteral("backup-dir"),
+                      QStringLiteral("Keep the backup in DIR, named from the target and the time "
+                                     "(default: FILE.bak beside a file, the current directory "
+                                     "for a device)."),
+                      QStringLiteral("DIR")});
 }
 
 int CommandLine::parse(const QStringList& arguments, bool takesRest) {
@@ -127,6 +147,13 @@ int CommandLine::parse(const QStringList& arguments, bool takesRest) {
     if (given > required.size() && !takesRest)
         return usageError(QStringLiteral("unexpected argument '%1'")
                               .arg(parser.positionalArguments().at(required.size())));
+    if (parser.optionNames().contains(QStringLiteral("page-size"))) {
+        bool ok = false;
+        const int size = parser.value(QStringLiteral("page-size")).toInt(&ok, 10);
+        if (!ok || size < 1 || size > 65536)
+            return usageError(QStringLiteral("'%1' is not a page size from 1 to 65536")
+                                  .arg(parser.value(QStringLiteral("page-size"))));
+    }
     return -1;
 }
 

@@ -33,7 +33,10 @@ public:
     // --offset N: where the chain starts in the file.
     void addOffsetOption();
     // -o/--output FILE, --dry-run and --no-backup of the commands that write an image.
+    // and the options of addDeviceWriteOptions.
     void addWriteOptions(const QString& output);
+    // --dry-run, --no-backup, --in-place, --page-size N and --backup-dir DIR.
+    void addDeviceWriteOptions();
 
     // -1 to go on; otherwise the exit code to return at once, after the help or the usage
     // error has been printed.

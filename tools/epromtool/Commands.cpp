@@ -101,29 +101,23 @@ int applyRefused(const QString& path, const QString& reason, const QStringList& 
     return ExitWriteFailed;
 }
 
-// Writes `image` to -o FILE or back to `path`, keeping a backup unless --no-backup; with
-// --dry-run writes nothing. Adds what it did to `lines`; false (after printing `lines` and the
-// reason) when the write failed and the target was left as it was.
+// Writes `image` to -o FILE or back to `path` through the library's writer (a device in place,
+// changed pages only), keeping a backup unless --no-backup; with --dry-run writes nothing. Adds
+// what it did to `lines`; false (after printing `lines` and the reason) when the write failed.
 bool writeImage(const CommandLine& line, const QString& path, const EepromImage& image,
                 QStringList& lines, QString& written) {
     const QString target =
         line.isSet(QStringLiteral("output")) ? line.value(QStringLiteral("output")) : path;
-    const bool keepBackup = !line.isSet(QStringLiteral("no-backup"));
-    if (line.isSet(QStringLiteral("dry-run"))) {
-        lines << QStringLiteral("dry run: %1 left as it is").arg(target);
-        return true;
-    }
-    const bool backedUp = keepBackup && QFileInfo::exists(target);
-    QString reason;
-    if (!safeWrite(target, image.bytes(), keepBackup, reason)) {
+    const Tupsim::WriteOptions options = writeOptions(line);
+    const Tupsim::WriteResult result = Tupsim::writeImage(target, image.bytes(), options);
+    if (!result.ok) {
         out(lines);
-        error(reason + QStringLiteral("; %1 left as it is").arg(target));
+        error(writeFailure(target, result));
         return false;
     }
-    written = target;
-    lines << (backedUp
-                  ? QStringLiteral("wrote %1, previous kept as %2").arg(target, backupPath(target))
-                  : QStringLiteral("wrote %1").arg(target));
+    if (!options.dryRun)
+        written = target;
+    lines << writeLines(target, result, options);
     return true;
 }
 

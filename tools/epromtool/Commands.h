@@ -14,6 +14,7 @@ int runExport(const QStringList& arguments);
 int runImport(const QStringList& arguments);
 int runSet(const QStringList& arguments);
 int runFix(const QStringList& arguments);
+int runWrite(const QStringList& arguments);
 int runSample(const QStringList& arguments);
 
 } // namespace epromtool

@@ -1,18 +1,29 @@
-// Replaces a file only once its new content is complete and flushed, optionally keeping the
-// previous content as FILE.bak.
+// How epromtool writes: the write options of its command line turned into the library's, and
+// what the library did turned into report lines.
 #pragma once
 
+#include <ImageWriter.h>
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 namespace epromtool {
 
-inline QString backupPath(const QString& path) {
-    return path + QStringLiteral(".bak");
-}
+class CommandLine;
 
-// The backup is written (the same safe way) before the target is touched, so a failure at any
-// step leaves the target as it was. On failure `error` is "cannot write PATH: REASON".
+// The options --dry-run, --no-backup, --in-place, --page-size and --backup-dir as given.
+Tupsim::WriteOptions writeOptions(const CommandLine& line);
+
+// What a finished write did: the backup, the pages written and the read-back, or what a dry
+// run would have written.
+QStringList writeLines(const QString& target, const Tupsim::WriteResult& result,
+                       const Tupsim::WriteOptions& options);
+
+// The line for a failed write: the library's reason, and for a replaced file that it was left
+// as it was.
+QString writeFailure(const QString& target, const Tupsim::WriteResult& result);
+
+// A plain output file (export, sample), replaced once complete, without backup.
 bool safeWrite(const QString& path, const QByteArray& content, bool keepBackup, QString& error);
 
 } // namespace epromtool
