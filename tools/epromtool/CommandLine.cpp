@@ -3,6 +3,7 @@
 
 #include "Commands.h"
 #include "Reports.h"
+#include "TableCommands.h"
 
 #include <QCoreApplication>
 #include <QVector>
@@ -28,6 +29,8 @@ const CommandEntry kCommands[] = {
     {"import", "read the blocks back from an ASCII calibration file", runImport},
     {"set", "set named fields of a record block (--id N FIELD=VALUE...)", runSet},
     {"fix", "recompute failing checksums and CRC-32s", runFix},
+    {"table", "print one calibration table (--id N) with its axis, as text, CSV or JSON", runTable},
+    {"report", "write an HTML report of one image, or of two side by side", runReport},
     {"sample", "write a demonstration image (-o FILE)", runSample},
 };
 
