@@ -103,7 +103,8 @@ void addFields(ModuleReport& report, QHash<PairKey, int>& at, const EepromImage&
 void addTables(ModuleReport& report, QHash<PairKey, int>& at, const EepromImage& image, int side) {
     std::vector<TableView> views;
     report.tablesLeftOut =
-        std::max(report.tablesLeftOut, tableView::viewAll(image, views, ModuleReport::MaxCells));
+        std::max(report.tablesLeftOut,
+                 tableView::viewAll(image, views, ModuleReport::MaxCells, ModuleReport::MaxTables));
     Occurrences occurrences;
     for (TableView& view : views) {
         const PairKey key{view.id, occurrences.next(view.id), QString()};

@@ -130,14 +130,15 @@ bool view(const EepromImage& image, int index, TableView& view) {
     return isTable(image, index) && viewWith(image, BlocksById(image), index, view);
 }
 
-int viewAll(const EepromImage& image, std::vector<TableView>& views, std::size_t cellLimit) {
+int viewAll(const EepromImage& image, std::vector<TableView>& views, std::size_t cellLimit,
+            std::size_t tableLimit) {
     const BlocksById blocks(image);
     std::size_t cells = 0;
     int left = 0;
     for (int i = 0; i < image.blockCount(); ++i) {
         if (!isTable(image, i))
             continue;
-        if (cells >= cellLimit) {
+        if (cells >= cellLimit || views.size() >= tableLimit) {
             ++left;
             continue;
         }

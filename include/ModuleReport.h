@@ -72,6 +72,7 @@ struct ModuleReport {
     static constexpr int MaxProblems = 200;
     static constexpr int MaxFields = 2000;
     static constexpr std::size_t MaxCells = 200000; // per image
+    static constexpr std::size_t MaxTables = 500;   // per image
     static constexpr int MaxOthers = 500;
 };
 

@@ -68,9 +68,9 @@ EPROMDATABLOCK_EXPORT quint16 axisOf(quint16 id);
 // of its partner's id. False when the block is no calibration table of the catalogue.
 EPROMDATABLOCK_EXPORT bool view(const EepromImage& image, int index, TableView& view);
 // Every table of the image in chain order, until the views hold `cellLimit` cells (a table
-// counts at least one); returns how many tables were left out.
+// counts at least one) or `tableLimit` tables; returns how many tables were left out.
 EPROMDATABLOCK_EXPORT int viewAll(const EepromImage& image, std::vector<TableView>& views,
-                                  std::size_t cellLimit);
+                                  std::size_t cellLimit, std::size_t tableLimit);
 // A frequency as "10 MHz", "1.5 GHz", "900 kHz", "12 Hz": the largest unit that keeps the
 // number at or above 1, at most six significant digits.
 EPROMDATABLOCK_EXPORT QString frequencyText(double hz);

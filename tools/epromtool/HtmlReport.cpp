@@ -338,8 +338,9 @@ QString htmlReport(const ModuleReport& report, const QStringList& paths) {
         html += tableSection(table, ++number, report.compared);
     if (report.tablesLeftOut > 0)
         html += QStringLiteral("<p class=\"note\">… and %1 more tables not drawn: the report "
-                               "stops at %2 cells per image.</p>\n")
+                               "stops at %2 tables or %3 cells per image.</p>\n")
                     .arg(report.tablesLeftOut)
+                    .arg(ModuleReport::MaxTables)
                     .arg(ModuleReport::MaxCells);
     html += QStringLiteral("</section>\n<section id=\"others\">\n") + othersSection(report);
     html += QStringLiteral("</section>\n<footer class=\"meta\">epromtool %1</footer>\n"
