@@ -1,7 +1,7 @@
 # Thin wrapper over CMake: `make test` sets up a fresh Debian 12 machine, builds and runs the suite.
 BUILD ?= build
 JOBS ?= $(shell nproc)
-PACKAGES := cmake g++ make qtbase5-dev libgtest-dev libgmock-dev libbenchmark-dev zlib1g-dev pkg-config pybind11-dev python3-dev python3-pytest python3-fusepy
+PACKAGES := cmake g++ make qtbase5-dev libgtest-dev libgmock-dev libbenchmark-dev zlib1g-dev pkg-config pybind11-dev python3-dev python3-pytest python3-fusepy python3-numpy python3-pandas python3-matplotlib chromium
 IMAGE ?= examples/sample.eeprom
 # `make run` writes its export here, never into the repository.
 RUN_DIR ?= $(or $(TMPDIR),/tmp)/epromtool-run

@@ -22,13 +22,13 @@ constexpr TableTemplate formOf(const char* templateName) {
 
 #define EPROM_CATALOGUE_ROW(Class, Id, TextId, Form, ReadsBack)                                    \
     {Id, {&create<Class>, &tableRule<Class>}, #Class, TextId, Form, ReadsBack},
-#define EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor)                                 \
+#define EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor, Axis)                           \
     EPROM_CATALOGUE_ROW(Class, Id, Name, formOf(#Template), true)
 // A headed block that prints the token form does not read its own printout back.
 #define EPROM_TABLE_BLOCK_HEADED(Class, Template, Args, Name, Id, Factor, Title, Key, Limit,       \
-                                 Message, RowsMessage, OwnPrint)                                   \
+                                 Message, RowsMessage, OwnPrint, Axis)                             \
     EPROM_CATALOGUE_ROW(Class, Id, OwnPrint ? Key : Name, TableTemplate::Headed, OwnPrint)
-#define EPROM_TABLE_BLOCK_TCXO(Class, Template, Args, Name, Id, Factor)                            \
+#define EPROM_TABLE_BLOCK_TCXO(Class, Template, Args, Name, Id, Factor, Axis)                      \
     EPROM_CATALOGUE_ROW(Class, Id, Name, formOf(#Template), true)
 
 const CatalogueEntry kCatalogue[] = {

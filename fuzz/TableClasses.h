@@ -50,14 +50,14 @@ inline char* wexwName() {
 // One entry per class, in a fixed order: Action::run<Class>(argument, make), where make()
 // returns a new block of the class.
 template <class Action> std::vector<TableAction> tableActions() {
-#define EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor)                                 \
+#define EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor, Axis)                           \
     [](const std::string& a) { Action::template run<Class>(a, [] { return new Class(false); }); },
-#define EPROM_TABLE_BLOCK_TCXO(Class, Template, Args, Name, Id, Factor)                            \
-    EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor)
+#define EPROM_TABLE_BLOCK_TCXO(Class, Template, Args, Name, Id, Factor, Axis)                      \
+    EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor, Axis)
 #define EPROM_TABLE_BLOCK_HEADED(Class, Template, Args, Name, Id, Factor, Title, Key, Limit,       \
-                                 Message, RowsMessage, OwnPrint)                                   \
-    EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor)
-#define EPROM_TABLE_BLOCK_NAMED(Class, Template, Args, NameType, Id, Factor)                       \
+                                 Message, RowsMessage, OwnPrint, Axis)                             \
+    EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor, Axis)
+#define EPROM_TABLE_BLOCK_NAMED(Class, Template, Args, NameType, Id, Factor, Axis)                 \
     [](const std::string& a) {                                                                     \
         Action::template run<Class>(a, [] { return new Class(wexwName(), 0, false); });            \
     },

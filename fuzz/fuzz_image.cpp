@@ -1,7 +1,7 @@
 // Fuzz target: the whole-image layer. The input is an image and a calibration text (a two-byte
 // length says where the image ends): open, checks and problems, export, import planning and
-// applying, the diff and the inventory row. An import never leaves a block that the checks call
-// bad, and an image whose blocks all pass reads its own export back unchanged.
+// applying, the diff, the inventory row and the module report. An import never leaves a block
+// that the checks call bad, and an image whose blocks all pass reads its own export back unchanged.
 #include "FuzzSupport.h"
 
 #include <EepromImage.h>
@@ -9,6 +9,7 @@
 #include <ImageExport.h>
 #include <ImageImport.h>
 #include <ImageInventory.h>
+#include <ModuleReport.h>
 
 using namespace Tupsim;
 
@@ -76,6 +77,23 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }
 
     // The text taken as a second image.
-    diffImages(image, EepromImage::fromBytes(text));
+    const EepromImage second = EepromImage::fromBytes(text);
+    diffImages(image, second);
+
+    // A report of both: every drawn line has one point per cell, an axis one point per column.
+    const ModuleReport report = moduleReport::compare(image, second);
+    for (const ReportTable& table : report.tables) {
+        FUZZ_CHECK(table.differs.size() == static_cast<std::size_t>(table.rows) * table.cols);
+        for (int side = 0; side < 2; ++side) {
+            if (!table.present[side])
+                continue;
+            const TableView& view = table.view[side];
+            std::size_t points = 0;
+            for (const PlotLine& line : view.lines())
+                points += line.x.size() == line.y.size() ? line.y.size() : 0;
+            FUZZ_CHECK(points == view.content.values.size());
+            FUZZ_CHECK(!view.axis.present() || view.axis.hz.size() == view.content.shownCols());
+        }
+    }
     return 0;
 }

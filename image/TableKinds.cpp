@@ -124,9 +124,11 @@ void load(HwDatablock& block, const QByteArray& image) {
 template <class Block> struct Adapter {
     static Capacity capacity() { return capacityOf(static_cast<Block*>(nullptr)); }
 
-    static TableKind kind(quint16 id) {
+    static TableKind kind(quint16 id, quint16 axisId, int decimals) {
         using Record = typename Block::HwSDatablock;
         return {id,
+                axisId,
+                decimals,
                 capacity().rows,
                 capacity().cols,
                 static_cast<int>(sizeof(Record)),
@@ -241,11 +243,14 @@ template <class Block> struct Adapter {
 };
 
 // Blocks whose name and instance their caller gives have no section of their own: left out.
-#define EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor) Adapter<Class>::kind(Id),
-#define EPROM_TABLE_BLOCK_TCXO(Class, Template, Args, Name, Id, Factor) Adapter<Class>::kind(Id),
+// The token and line forms print three decimals, the headed form ten.
+#define EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor, Axis)                           \
+    Adapter<Class>::kind(Id, Axis, 3),
+#define EPROM_TABLE_BLOCK_TCXO(Class, Template, Args, Name, Id, Factor, Axis)                      \
+    Adapter<Class>::kind(Id, Axis, 3),
 #define EPROM_TABLE_BLOCK_HEADED(Class, Template, Args, Name, Id, Factor, Title, Key, Limit,       \
-                                 Message, RowsMessage, OwnPrint)                                   \
-    Adapter<Class>::kind(Id),
+                                 Message, RowsMessage, OwnPrint, Axis)                             \
+    Adapter<Class>::kind(Id, Axis, (OwnPrint) ? 10 : 3),
 
 struct Kinds {
     std::vector<TableKind> sorted;
@@ -258,14 +263,25 @@ struct Kinds {
     }
 };
 
+const Kinds& kinds() {
+    static const Kinds all;
+    return all;
+}
+
 } // namespace
 
 const TableKind* find(quint16 id) {
-    static const Kinds kinds;
+    const Kinds& kinds = tableKinds::kinds();
     const auto found =
         std::lower_bound(kinds.sorted.begin(), kinds.sorted.end(), id,
                          [](const TableKind& kind, quint16 wanted) { return kind.id < wanted; });
     return found == kinds.sorted.end() || found->id != id ? nullptr : &*found;
+}
+
+bool isAxis(quint16 id) {
+    const std::vector<TableKind>& all = kinds().sorted;
+    return id != 0 && std::any_of(all.begin(), all.end(),
+                                  [id](const TableKind& kind) { return kind.axisId == id; });
 }
 
 QString overCapacity(quint16 id, const unsigned char* block, std::size_t size) {

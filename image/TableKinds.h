@@ -17,6 +17,8 @@ namespace tableKinds {
 
 struct TableKind {
     quint16 id;
+    quint16 axisId; // the frequency vector whose points the columns belong to; 0 for none
+    int decimals;   // of a cell in the class's printout
     quint32 maxRows;
     quint32 maxCols;
     int imageSize;    // bytes of a whole image of the class
@@ -43,6 +45,8 @@ struct TableKind {
 
 // The kind of `id`, or nullptr when it is no table of the catalogue.
 const TableKind* find(quint16 id);
+// True when `id` is the frequency vector of some table of the catalogue.
+bool isAxis(quint16 id);
 // "counts 5*3 exceed the capacity 4*10" when the counts of a table image do not fit its class;
 // empty when they fit or `id` is no table of the catalogue.
 QString overCapacity(quint16 id, const unsigned char* block, std::size_t size);

@@ -13,7 +13,7 @@
 
 namespace Tupsim {
 
-#define EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor)                                 \
+#define EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor, Axis)                           \
     class EPROMDATABLOCK_EXPORT Class : public Template<EPROM_UNPACK Args> {                       \
     public:                                                                                        \
         enum { BlockId = Id };                                                                     \
@@ -21,7 +21,7 @@ namespace Tupsim {
         ~Class() override;                                                                         \
     };
 
-#define EPROM_TABLE_BLOCK_NAMED(Class, Template, Args, NameType, Id, Factor)                       \
+#define EPROM_TABLE_BLOCK_NAMED(Class, Template, Args, NameType, Id, Factor, Axis)                 \
     class EPROMDATABLOCK_EXPORT Class : public Template<EPROM_UNPACK Args> {                       \
     public:                                                                                        \
         enum { BlockId = Id };                                                                     \
@@ -31,7 +31,7 @@ namespace Tupsim {
 
 // These blocks write and read the headed line form in place of the table's own text form.
 #define EPROM_TABLE_BLOCK_HEADED(Class, Template, Args, Name, Id, Factor, Title, Key, Limit,       \
-                                 Message, RowsMessage, OwnPrint)                                   \
+                                 Message, RowsMessage, OwnPrint, Axis)                             \
     class EPROMDATABLOCK_EXPORT Class : public Template<EPROM_UNPACK Args> {                       \
     public:                                                                                        \
         using Table = Template<EPROM_UNPACK Args>;                                                 \
@@ -47,7 +47,7 @@ namespace Tupsim {
     };
 
 // The TCXO table keeps its counts within its eight rows.
-#define EPROM_TABLE_BLOCK_TCXO(Class, Template, Args, Name, Id, Factor)                            \
+#define EPROM_TABLE_BLOCK_TCXO(Class, Template, Args, Name, Id, Factor, Axis)                      \
     class EPROMDATABLOCK_EXPORT Class : public Template<EPROM_UNPACK Args> {                       \
     public:                                                                                        \
         enum { BlockId = Id, TcxoValues = 8 };                                                     \

@@ -9,6 +9,8 @@
 #include <RecordFields.h>
 #include <SafeWrite.h>
 
+#include "TableHandle.h"
+
 #include <QSet>
 #include <pybind11/pybind11.h>
 #include <pybind11/stl.h>
@@ -72,7 +74,8 @@ template <> struct type_caster<QByteArray> {
 
 namespace {
 
-using ImagePtr = std::shared_ptr<EepromImage>;
+using epromPython::ImagePtr;
+using epromPython::Table;
 
 QString pathText(const std::filesystem::path& path) {
     return QString::fromStdString(path.string());
@@ -127,19 +130,6 @@ struct Block {
         if (index >= image->blockCount())
             throw py::index_error("the block is no longer in the image");
         return image->block(index);
-    }
-};
-
-// The calibration table of one block.
-struct Table {
-    ImagePtr image;
-    int index;
-
-    TableContent content() const {
-        TableContent result;
-        if (!readTable(*image, index, result))
-            throw py::value_error("the block is no longer a calibration table");
-        return result;
     }
 };
 
@@ -700,4 +690,5 @@ PYBIND11_MODULE(epromdatablock, m) {
         "Every block id the library has a class for, as dicts with 'id', 'name', 'class', "
         "'kind', 'template' and 'reads_back'.");
     addInventory(m);
+    epromPython::addTableViews(m);
 }

@@ -3,7 +3,9 @@
 calibration text export and import, and the block catalogue."""
 
 import os
-from typing import Dict, List, Optional, Sequence, Tuple, Union
+from typing import Any, Dict, List, Optional, Sequence, Tuple, Union
+
+import numpy
 
 _Path = Union[str, "os.PathLike[str]"]
 
@@ -42,6 +44,23 @@ class Table:
         """Sets a cell from a scaled value: divided by the factor, cut toward zero."""
     def set_raw(self, row: int, col: int, raw: Union[int, float]) -> None:
         """Sets a cell to a stored value as it is."""
+    @property
+    def values(self) -> "numpy.ndarray":
+        """The cells as a new float array of `shape` (a copy), factor applied."""
+    @values.setter
+    def values(self, values: "numpy.ndarray") -> None:
+        """Sets every changed cell through the checks of set_cell, all or nothing."""
+    @property
+    def axis(self) -> Optional["numpy.ndarray"]:
+        """The columns' frequencies in Hz from the paired frequency vector, or None."""
+    @property
+    def axis_problem(self) -> Optional[str]:
+        """Why a table with a frequency vector has no axis here, or None."""
+    def to_dataframe(self) -> Any:
+        """A pandas DataFrame of the cells; ImportError without pandas."""
+    def plot(self, ax: Any = None) -> Any:
+        """One line per row against the frequency in MHz on a matplotlib Axes; returns it."""
+    def _repr_html_(self) -> str: ...
 
 class Block:
     """One block of an image's chain with the outcome of its checks."""
@@ -123,6 +142,7 @@ class ImportPlan:
 
 class Image:
     """A whole EEPROM image: its chain of blocks walked once, each block checked."""
+    def _repr_html_(self) -> str: ...
     @staticmethod
     def open(path: _Path, offset: int = 0) -> "Image":
         """Reads an image file whose chain starts at `offset`; OSError when it cannot be read."""

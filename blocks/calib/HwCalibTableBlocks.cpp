@@ -7,18 +7,18 @@
 
 namespace Tupsim {
 
-#define EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor)                                 \
+#define EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor, Axis)                           \
     Class::Class(bool stopConversionOnError)                                                       \
         : Template<EPROM_UNPACK Args>(Name, Id, 0, Factor, stopConversionOnError) {}               \
     Class::~Class() = default;
 
-#define EPROM_TABLE_BLOCK_NAMED(Class, Template, Args, NameType, Id, Factor)                       \
+#define EPROM_TABLE_BLOCK_NAMED(Class, Template, Args, NameType, Id, Factor, Axis)                 \
     Class::Class(NameType name, int instance, bool stopConversionOnError)                          \
         : Template<EPROM_UNPACK Args>(name, Id, instance, Factor, stopConversionOnError) {}        \
     Class::~Class() = default;
 
 #define EPROM_TABLE_BLOCK_HEADED(Class, Template, Args, Name, Id, Factor, Title, Key, Limit,       \
-                                 Message, RowsMessage, OwnPrint)                                   \
+                                 Message, RowsMessage, OwnPrint, Axis)                             \
     namespace {                                                                                    \
     const HeadedLineForm Class##Form = {Title, Key, Limit, Message, RowsMessage};                  \
     }                                                                                              \
@@ -39,7 +39,7 @@ namespace Tupsim {
         return (OwnPrint) ? conv2ascii(out, *this) : Table::printToStream(out);                    \
     }
 
-#define EPROM_TABLE_BLOCK_TCXO(Class, Template, Args, Name, Id, Factor)                            \
+#define EPROM_TABLE_BLOCK_TCXO(Class, Template, Args, Name, Id, Factor, Axis)                      \
     Class::Class(bool stopConversionOnError)                                                       \
         : Template<EPROM_UNPACK Args>(Name, Id, 0, Factor, stopConversionOnError) {}               \
     Class::~Class() = default;

@@ -4,6 +4,7 @@
 #include "Commands.h"
 #include "Inventory.h"
 #include "Reports.h"
+#include "TableCommands.h"
 
 #include <QCoreApplication>
 #include <QVector>
@@ -32,6 +33,8 @@ const CommandEntry kCommands[] = {
     {"inventory", "one row per image: verdict, part and serial number, service (CSV, JSON)",
      runInventory},
     {"write", "put an image onto a device or file, only the changed pages", runWrite},
+    {"table", "print one calibration table (--id N) with its axis, as text, CSV or JSON", runTable},
+    {"report", "write an HTML report of one image, or of two side by side", runReport},
     {"sample", "write a demonstration image (-o FILE)", runSample},
 };
 

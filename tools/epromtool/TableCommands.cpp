@@ -1,0 +1,147 @@
+// `table` prints one calibration table with its frequency axis as text, CSV or JSON; `report`
+// writes the HTML report of one image or of two side by side.
+#include "TableCommands.h"
+
+#include "CommandLine.h"
+#include "HtmlReport.h"
+#include "Reports.h"
+#include "SafeWriter.h"
+#include "TableText.h"
+
+#include <EepromImage.h>
+#include <ModuleReport.h>
+#include <TableView.h>
+#include <iostream>
+
+using Tupsim::EepromImage;
+
+namespace epromtool {
+
+namespace {
+
+bool loadImage(const QString& path, EepromImage& image, int chainStart) {
+    QString reason;
+    if (EepromImage::fromFile(path, image, reason, chainStart))
+        return true;
+    error(reason);
+    return false;
+}
+
+} // namespace
+
+int runTable(const QStringList& arguments) {
+    CommandLine line(QStringLiteral("table"),
+                     QStringLiteral("Prints one calibration table of IMAGE with its frequency "
+                                    "axis: as text with the frequencies as column heads, with "
+                                    "--csv as CSV (first line the axis in Hz, then one line per "
+                                    "row), with --json as JSON."));
+    line.addArgument(QStringLiteral("IMAGE"), QStringLiteral("The EEPROM image file."));
+    line.addOption({QStringLiteral("id"),
+                    QStringLiteral("The block id, decimal or 0x hexadecimal (required)."),
+                    QStringLiteral("N")});
+    line.addOption({QStringLiteral("index"),
+                    QStringLiteral("The K-th block with that id, counting from 1 (default 1)."),
+                    QStringLiteral("K")});
+    line.addOption({QStringLiteral("csv"), QStringLiteral("Comma-separated values.")});
+    line.addOffsetOption();
+    line.addJsonOption();
+    int start = 0;
+    int early = line.parse(arguments);
+    if (early < 0)
+        early = line.chainStart(start);
+    if (early >= 0)
+        return early;
+    quint16 id = 0;
+    early = line.requiredId(id);
+    if (early >= 0)
+        return early;
+    if (line.json() && line.isSet(QStringLiteral("csv")))
+        return line.usageError(QStringLiteral("--csv and --json exclude each other"));
+    int occurrence = 1;
+    if (line.isSet(QStringLiteral("index"))) {
+        bool ok = false;
+        occurrence = line.value(QStringLiteral("index")).toInt(&ok, 10);
+        if (!ok || occurrence < 1)
+            return line.usageError(QStringLiteral("'%1' is not a block number from 1 on")
+                                       .arg(line.value(QStringLiteral("index"))));
+    }
+
+    const QString path = line.argument(0);
+    EepromImage image;
+    if (!loadImage(path, image, start))
+        return ExitUnreadable;
+    complain(path, image.chainProblems());
+    int index = image.find(id);
+    for (int n = 1; n < occurrence && index >= 0; ++n)
+        index = image.find(id, index + 1);
+    if (index < 0) {
+        error(occurrence == 1
+                  ? QStringLiteral("%1: no block with id %2").arg(path).arg(id)
+                  : QStringLiteral("%1: no block %2 with id %3").arg(path).arg(occurrence).arg(id));
+        return ExitUnreadable;
+    }
+    Tupsim::TableView view;
+    if (!Tupsim::tableView::view(image, index, view)) {
+        error(QStringLiteral("%1: block %2 (%3) is no calibration table")
+                  .arg(path, QString::number(id), image.name(index)));
+        return ExitUnreadable;
+    }
+    if (line.json())
+        out(tableJson(path, view));
+    else
+        out(line.isSet(QStringLiteral("csv")) ? tableCsv(view) : tableText(view));
+    return exitCodeOf(image);
+}
+
+int runReport(const QStringList& arguments) {
+    CommandLine line(QStringLiteral("report"),
+                     QStringLiteral("Writes one self-contained HTML page about the module: the "
+                                    "verdict and problems, the record fields, every calibration "
+                                    "table as a plot against its frequency axis with its numbers, "
+                                    "and the other blocks. With IMAGE_B both modules side by side: "
+                                    "both curves in each plot, the cells and fields that differ "
+                                    "marked."));
+    line.addArgument(QStringLiteral("IMAGE"), QStringLiteral("The EEPROM image file."));
+    line.addOptionalArguments(QStringLiteral("[IMAGE_B]"),
+                              QStringLiteral("A second image to compare with."));
+    line.addOption({{QStringLiteral("o"), QStringLiteral("output")},
+                    QStringLiteral("Write to FILE instead of standard output."),
+                    QStringLiteral("FILE")});
+    line.addOffsetOption();
+    int start = 0;
+    int early = line.parse(arguments, true);
+    if (early < 0)
+        early = line.chainStart(start);
+    if (early >= 0)
+        return early;
+    QStringList paths{line.argument(0)};
+    paths << line.rest();
+    if (paths.size() > 2)
+        return line.usageError(QStringLiteral("unexpected argument '%1'").arg(paths.at(2)));
+
+    EepromImage images[2];
+    int code = ExitOk;
+    for (int i = 0; i < paths.size(); ++i) {
+        if (!loadImage(paths.at(i), images[i], start))
+            return ExitUnreadable;
+        complain(paths.at(i), images[i].problems());
+        code = worse(code, exitCodeOf(images[i]));
+    }
+    const Tupsim::ModuleReport report = paths.size() == 2
+                                            ? Tupsim::moduleReport::compare(images[0], images[1])
+                                            : Tupsim::moduleReport::build(images[0]);
+    const QByteArray html = htmlReport(report, paths).toUtf8();
+    if (!line.isSet(QStringLiteral("output"))) {
+        std::cout.write(html.constData(), html.size());
+        std::cout.flush();
+        return code;
+    }
+    QString reason;
+    if (!safeWrite(line.value(QStringLiteral("output")), html, false, reason)) {
+        error(reason);
+        return ExitWriteFailed;
+    }
+    return code;
+}
+
+} // namespace epromtool
