@@ -169,6 +169,33 @@ int CommandLine::usageError(const QString& text) const {
     return ExitUsage;
 }
 
+void CommandLine::addIdOption() {
+    parser.addOption({QStringLiteral("id"),
+                      QStringLiteral("The block id, decimal or 0x hexadecimal (required)."),
+                      QStringLiteral("N")});
+}
+
+void CommandLine::addIndexOption(const QString& what) {
+    const QString help =
+        QStringLiteral("the K-th block with that id, counting from 1 (default 1).");
+    parser.addOption(
+        {QStringLiteral("index"),
+         what.isEmpty() ? QLatin1Char('T') + help.mid(1) : what + QLatin1Char(' ') + help,
+         QStringLiteral("K")});
+}
+
+int CommandLine::occurrence(int& occurrence) const {
+    occurrence = 1;
+    if (!isSet(QStringLiteral("index")))
+        return -1;
+    bool ok = false;
+    occurrence = value(QStringLiteral("index")).toInt(&ok, 10);
+    if (!ok || occurrence < 1)
+        return usageError(QStringLiteral("'%1' is not a block number from 1 on")
+                              .arg(value(QStringLiteral("index"))));
+    return -1;
+}
+
 int CommandLine::requiredId(quint16& id) const {
     if (!isSet(QStringLiteral("id")))
         return usageError(QStringLiteral("missing --id N"));

@@ -53,9 +53,17 @@ public:
 
     // Reports a usage error in the command's name and returns its exit code.
     int usageError(const QString& text) const;
+    // --id N, the block id that the command requires.
+    void addIdOption();
+    // --index K, the K-th block with that id; `what` says what the command does with it
+    // ("Set"), or nothing.
+    void addIndexOption(const QString& what);
     // The --id N that the command requires: -1 with `id` set, or the exit code of the usage
     // error already reported.
     int requiredId(quint16& id) const;
+    // The value of --index (1 when it is not given) in `occurrence`; -1 to go on, else the
+    // usage error's exit code after the error has been printed.
+    int occurrence(int& occurrence) const;
     // Parses a block id given in decimal or as 0x...; false when it is none.
     static bool parseId(const QString& text, quint16& id);
     // The value of --offset (0 when it is not given) in `start`; -1 to go on, else the usage

@@ -141,9 +141,7 @@ int runShow(const QStringList& arguments) {
     CommandLine line(QStringLiteral("show"),
                      QStringLiteral("Prints every block of IMAGE with the given id."));
     line.addArgument(kImageArgument, kImageHelp);
-    line.addOption({QStringLiteral("id"),
-                    QStringLiteral("The block id, decimal or 0x hexadecimal (required)."),
-                    QStringLiteral("N")});
+    line.addIdOption();
     line.addOption({QStringLiteral("hex"), QStringLiteral("Print the bytes as a hex dump.")});
     line.addOffsetOption();
     line.addJsonOption();
@@ -342,12 +340,8 @@ int runSet(const QStringList& arguments) {
     line.addArgument(kImageArgument, kImageHelp);
     line.addOptionalArguments(QStringLiteral("FIELD=VALUE..."),
                               QStringLiteral("The fields to set and their new values."));
-    line.addOption({QStringLiteral("id"),
-                    QStringLiteral("The block id, decimal or 0x hexadecimal (required)."),
-                    QStringLiteral("N")});
-    line.addOption({QStringLiteral("index"),
-                    QStringLiteral("Set the K-th block with that id, counting from 1 (default 1)."),
-                    QStringLiteral("K")});
+    line.addIdOption();
+    line.addIndexOption(QStringLiteral("Set"));
     line.addWriteOptions(kImageArgument);
     line.addOffsetOption();
     line.addJsonOption();
@@ -362,13 +356,9 @@ int runSet(const QStringList& arguments) {
     if (early >= 0)
         return early;
     int occurrence = 1;
-    if (line.isSet(QStringLiteral("index"))) {
-        bool ok = false;
-        occurrence = line.value(QStringLiteral("index")).toInt(&ok, 10);
-        if (!ok || occurrence < 1)
-            return line.usageError(QStringLiteral("'%1' is not a block number from 1 on")
-                                       .arg(line.value(QStringLiteral("index"))));
-    }
+    early = line.occurrence(occurrence);
+    if (early >= 0)
+        return early;
     const QStringList texts = line.rest();
     if (texts.isEmpty())
         return line.usageError(QStringLiteral("no FIELD=VALUE given"));

@@ -36,12 +36,8 @@ int runTable(const QStringList& arguments) {
                                     "--csv as CSV (first line the axis in Hz, then one line per "
                                     "row), with --json as JSON."));
     line.addArgument(QStringLiteral("IMAGE"), QStringLiteral("The EEPROM image file."));
-    line.addOption({QStringLiteral("id"),
-                    QStringLiteral("The block id, decimal or 0x hexadecimal (required)."),
-                    QStringLiteral("N")});
-    line.addOption({QStringLiteral("index"),
-                    QStringLiteral("The K-th block with that id, counting from 1 (default 1)."),
-                    QStringLiteral("K")});
+    line.addIdOption();
+    line.addIndexOption(QString());
     line.addOption({QStringLiteral("csv"), QStringLiteral("Comma-separated values.")});
     line.addOffsetOption();
     line.addJsonOption();
@@ -58,13 +54,9 @@ int runTable(const QStringList& arguments) {
     if (line.json() && line.isSet(QStringLiteral("csv")))
         return line.usageError(QStringLiteral("--csv and --json exclude each other"));
     int occurrence = 1;
-    if (line.isSet(QStringLiteral("index"))) {
-        bool ok = false;
-        occurrence = line.value(QStringLiteral("index")).toInt(&ok, 10);
-        if (!ok || occurrence < 1)
-            return line.usageError(QStringLiteral("'%1' is not a block number from 1 on")
-                                       .arg(line.value(QStringLiteral("index"))));
-    }
+    early = line.occurrence(occurrence);
+    if (early >= 0)
+        return early;
 
     const QString path = line.argument(0);
     EepromImage image;
