@@ -139,9 +139,11 @@ deb:
 			DEBIAN_FRONTEND=noninteractive apt-get build-dep -y -qq "$$PWD"; \
 		else dpkg-checkbuilddeps; echo "please install the build dependencies as root"; exit 1; fi; \
 	fi
+	@# debhelper gives the build an empty HOME: ccache is told where the shared cache lies.
 	@echo "dpkg-buildpackage in $(DEB_DIR)/src, log in $(DEB_DIR)/build.log"; start=$$(date +%s); \
-	launcher=$$(command -v ccache >/dev/null 2>&1 && echo ccache); \
-	if ! (cd $(DEB_DIR)/src && env $${launcher:+CMAKE_CXX_COMPILER_LAUNCHER=$$launcher} \
+	ccache=$$(command -v ccache >/dev/null 2>&1 && \
+		echo CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_DIR=$$(ccache -k cache_dir)); \
+	if ! (cd $(DEB_DIR)/src && env $$ccache \
 			dpkg-buildpackage -us -uc -b -j$(JOBS)) > $(DEB_DIR)/build.log 2>&1; then \
 		tail -n 60 $(DEB_DIR)/build.log; exit 1; fi; \
 	echo "built in $$(( $$(date +%s) - start )) s:"; ls -l $(DEB_DIR)/*.deb

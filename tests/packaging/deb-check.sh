@@ -61,8 +61,9 @@ flags=$(env -u PKG_CONFIG_PATH pkg-config --cflags --libs EpromDatablock)
 c++ -std=c++17 -fPIC "$source_dir/tests/consumer/main.cpp" $flags -o "$work/pkgconfig-consumer" ||
     fail "the pkg-config consumer did not build with: $flags"
 "$work/pkgconfig-consumer" "$sample" | grep -qx "consumer: ok" || fail "the pkg-config consumer failed"
-ldd "$work/pkgconfig-consumer" | grep -q "libEpromDatablock.so.1 => /usr/lib/" ||
-    fail "the consumer does not load the installed library"
+loaded=$(ldd "$work/pkgconfig-consumer" | sed -n 's/.*libEpromDatablock\.so\.1 => \([^ ]*\).*/\1/p')
+[ "$(readlink -f "$loaded")" = "$(readlink -f "$(dpkg -L libepromdatablock1 | grep '\.so\.1$')")" ] ||
+    fail "the consumer loads ${loaded:-no libEpromDatablock.so.1}, not the installed library"
 
 echo "== import epromdatablock under /usr/bin/python3"
 out=$(cd "$work" && env -u PYTHONPATH /usr/bin/python3 -c "import epromdatablock as m, os
