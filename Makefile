@@ -131,3 +131,35 @@ format:
 
 clean:
 	rm -rf $(BUILD) build-asan $(FUZZ_BUILD)
+
+# Debian packages: a copy of the sources under $(DEB_DIR) (the worktree stays clean) is built with
+# dpkg-buildpackage into the four .deb files there; the build log is $(DEB_DIR)/build.log.
+DEB_DIR ?= $(BUILD)/deb
+DEB_TOOLS := dpkg-dev lintian pkg-config
+.PHONY: deb deb-check
+
+deb:
+	@$(MAKE) --no-print-directory deps PACKAGES="$(DEB_TOOLS)"
+	rm -rf $(DEB_DIR) && mkdir -p $(DEB_DIR)/src
+	git ls-files -z --cached --others --exclude-standard | \
+		xargs -0 sh -c 'for f; do [ -e "$$f" ] && printf "%s\0" "$$f"; done' sh | \
+		xargs -0 cp --parents -t $(DEB_DIR)/src
+	@cd $(DEB_DIR)/src && if ! dpkg-checkbuilddeps 2>/dev/null; then \
+		if [ "$$(id -u)" = 0 ]; then apt-get update -qq && \
+			DEBIAN_FRONTEND=noninteractive apt-get build-dep -y -qq "$$PWD"; \
+		else dpkg-checkbuilddeps; echo "please install the build dependencies as root"; exit 1; fi; \
+	fi
+	@# debhelper gives the build an empty HOME: ccache is told where the shared cache lies.
+	@echo "dpkg-buildpackage in $(DEB_DIR)/src, log in $(DEB_DIR)/build.log"; start=$$(date +%s); \
+	ccache=$$(command -v ccache >/dev/null 2>&1 && \
+		echo CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_DIR=$$(ccache -k cache_dir)); \
+	if ! (cd $(DEB_DIR)/src && env $$ccache \
+			dpkg-buildpackage -us -uc -b -j$(JOBS)) > $(DEB_DIR)/build.log 2>&1; then \
+		tail -n 60 $(DEB_DIR)/build.log; exit 1; fi; \
+	echo "built in $$(( $$(date +%s) - start )) s:"; ls -l $(DEB_DIR)/*.deb
+
+# Lintian on the packages (an error fails), then tests/packaging/deb-check.sh: installs them into
+# this system, uses them and purges them again. Run by .ci/run; needs root.
+deb-check: deb
+	lintian --fail-on error --tag-display-limit 0 $(DEB_DIR)/*.changes
+	tests/packaging/deb-check.sh $(DEB_DIR) .
