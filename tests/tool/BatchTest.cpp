@@ -150,11 +150,12 @@ TEST(ToolBatch, InventoryAsTextCsvAndJson) {
     EXPECT_EQ(document["exitCode"].toInt(), 2);
 
     const ToolResult text = tool.run({"inventory", "depot/a.eeprom", "depot/rack 2/empty.eeprom"});
-    EXPECT_EQ(text.out, "depot/a.eeprom: ok, 13 blocks, part 1234.5678.02, SN 102345, hardware "
-                        "code 37, made 2021-06-15, name 'RF-BOARD 6G', last service 2023-11-07, "
-                        "15872 operating hours\n"
-                        "depot/rack 2/empty.eeprom: broken chain, 0 blocks, no ident block, "
-                        "0x0000: the image is empty\n"
-                        "2 images: 1 ok, 0 failed checks, 1 broken chain, 0 unreadable\n");
+    EXPECT_EQ(text.out,
+              "depot/a.eeprom: ok, 13 blocks, part number 1234.5678.02, SN 102345, "
+              "hardware code 37, made 2021-06-15, name 'RF-BOARD 6G', last service 2023-11-07, "
+              "15872 operating hours\n"
+              "depot/rack 2/empty.eeprom: broken chain, 0 blocks, no ident block, "
+              "0x0000: the image is empty\n"
+              "2 images: 1 ok, 0 failed checks, 1 broken chain, 0 unreadable\n");
     EXPECT_EQ(tool.run({"inventory", "--csv", "--json", "depot"}).exitCode, 64);
 }

@@ -56,7 +56,7 @@ void textRow(const Tupsim::InventoryRow& row) {
         parts << (row.blocks == 1 ? QStringLiteral("1 block")
                                   : QStringLiteral("%1 blocks").arg(row.blocks));
     if (row.identified)
-        parts << QStringLiteral("part %1, SN %2, hardware code %3, made %4, name '%5'")
+        parts << QStringLiteral("part number %1, SN %2, hardware code %3, made %4, name '%5'")
                      .arg(row.partNumber)
                      .arg(row.serialNumber)
                      .arg(row.hardwareCode)
