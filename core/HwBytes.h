@@ -39,12 +39,11 @@ template <typename T> T getBE(const QByteArray& image, std::uint64_t offset) {
     T value{};
     if (!fits(static_cast<std::uint64_t>(image.size()), offset, sizeof(T)))
         return T{};
-    unsigned char raw[sizeof(T)];
-    std::memcpy(raw, image.constData() + offset, sizeof(T));
-    std::uint64_t acc = 0;
-    for (unsigned char b : raw)
-        acc = (acc << 8) | b;
-    std::memcpy(&value, &acc, sizeof(T)); // little-endian host: low bytes of acc
+    std::memcpy(&value, image.constData() + offset, sizeof(T));
+#if Q_BYTE_ORDER == Q_LITTLE_ENDIAN
+    char* p = reinterpret_cast<char*>(&value);
+    std::reverse(p, p + sizeof(T));
+#endif
     return value;
 }
 
@@ -71,13 +70,11 @@ template <typename T> bool putLE(QByteArray& image, std::uint64_t offset, T valu
 template <typename T> bool putBE(QByteArray& image, std::uint64_t offset, T value) {
     if (!fits(static_cast<std::uint64_t>(image.size()), offset, sizeof(T)))
         return false;
-    std::uint64_t acc = 0;
-    std::memcpy(&acc, &value, sizeof(T));
-    char* p = image.data() + offset;
-    for (std::size_t i = sizeof(T); i-- > 0;) {
-        p[i] = static_cast<char>(acc & 0xFF);
-        acc >>= 8;
-    }
+#if Q_BYTE_ORDER == Q_LITTLE_ENDIAN
+    char* p = reinterpret_cast<char*>(&value);
+    std::reverse(p, p + sizeof(T));
+#endif
+    std::memcpy(image.data() + offset, &value, sizeof(T));
     return true;
 }
 

@@ -7,8 +7,10 @@
 
 #include <algorithm>
 #include <cfloat>
+#include <cmath>
 #include <cstring>
 #include <iomanip>
+#include <limits>
 #include <sstream>
 
 namespace Tupsim {
@@ -45,8 +47,23 @@ bool writeLongDouble(std::ostream& out, const unsigned char* p, std::size_t widt
     out << value;
     return true;
 #else
-    (void)out, (void)p, (void)width;
-    return false;
+    // Other hosts decode the x87 layout (64-bit mantissa with its integer bit, then sign and
+    // 15-bit exponent) arithmetically, so that they print the value this host prints.
+    unsigned char raw[10] = {};
+    std::memcpy(raw, p, std::min<std::size_t>(width, 10));
+    const quint64 mantissa = bytes::getLE<quint64>(reinterpret_cast<const char*>(raw), 8, 0);
+    const unsigned signAndExponent =
+        bytes::getLE<quint16>(reinterpret_cast<const char*>(raw), 10, 8);
+    const int exponent = static_cast<int>(signAndExponent & 0x7FFF);
+    long double value = 0;
+    if (exponent == 0x7FFF)
+        value = (mantissa << 1) == 0 ? std::numeric_limits<long double>::infinity()
+                                     : std::numeric_limits<long double>::quiet_NaN();
+    else
+        value = std::ldexp(static_cast<long double>(mantissa),
+                           (exponent == 0 ? 1 : exponent) - 16383 - 63);
+    out << ((signAndExponent & 0x8000) != 0 ? -value : value);
+    return true;
 #endif
 }
 

@@ -3,6 +3,7 @@
 #include "image/TableKinds.h"
 
 #include "HwCalibTableBlocks.h"
+#include "core/FieldHooks.h"
 #include "core/HwBytes.h"
 #include "directory/OldStyleDirectory.h"
 
@@ -193,8 +194,12 @@ template <class Block> struct Adapter {
         for (unsigned int row = 0; row < capacity().rows; ++row)
             for (unsigned int col = 0; col < capacity().cols; ++col)
                 if (std::memcmp(&was->values[row][col], &now->values[row][col],
-                                sizeof now->values[row][col]) != 0)
-                    result.setCalValue(now->values[row][col], row, col);
+                                sizeof now->values[row][col]) != 0) {
+                    // The record holds the reference form: the hook gives the host value back.
+                    auto value = now->values[row][col];
+                    fieldhooks::hook(value);
+                    result.setCalValue(value, row, col);
+                }
         return result.getByteArrayData();
     }
 

@@ -4,6 +4,8 @@
 
 #include "HwDatablock.h"
 #include "IErrorManager.h"
+#include "core/ConversionScope.h"
+#include "core/FieldHooks.h"
 #include "core/HwBytes.h"
 #include "templates/LineForm.h"
 #include "templates/TableCells.h"
@@ -20,12 +22,6 @@
 
 namespace Tupsim {
 namespace detail {
-
-// Byte-order hook for a stored value; a single byte has no order.
-template <typename T> void swapStored(T& value) {
-    HwDatablock::SwapIntel2Ppc(value);
-}
-inline void swapStored(unsigned char&) {}
 
 enum RelationOperator { RelEqual = 0, RelGreater, RelLess, RelGreaterEqual, RelLessEqual };
 
@@ -51,16 +47,16 @@ public:
         std::uint64_t offset = 0;
         if (!shape.cellOffset(row, col, offset))
             return TValue(0);
-        const TRaw stored = bytes::getLE<TRaw>(image, offset);
-        return truncateTo<TValue>(static_cast<double>(stored) * factor);
+        const TRaw stored = fieldhooks::load<TRaw>(image, offset);
+        return truncateTo<TValue>(static_cast<double>(static_cast<Arithmetic<TRaw>>(stored)) *
+                                  factor);
     }
 
     void setCalValue(TRaw value, quint32 row, quint32 col) {
         std::uint64_t offset = 0;
         if (!shape.cellOffset(row, col, offset))
             return;
-        swapStored(value);
-        if (bytes::putLE<TRaw>(image, offset, value))
+        if (fieldhooks::store<TRaw>(image, offset, value))
             table.refreshChecksum();
     }
 
@@ -91,15 +87,18 @@ public:
                                    QString::number(bytes::getLE<quint16>(given, 0)));
             return 1;
         }
-        table.loadHeader(given);
+        // Inside the byte-order conversion the given counts and cells are taken as the host holds
+        // them, so that they come out turned; otherwise the image is copied as it is.
+        const bool convert = conversion::inProgress(block);
+        table.loadHeader(given, convert);
         for (std::uint64_t flat = 0; flat < shape.cellCount(); ++flat) {
             std::uint64_t offset = 0;
             shape.flatOffset(flat, offset);
-            TRaw value = bytes::getLE<TRaw>(given, offset);
-            swapStored(value);
-            bytes::putLE<TRaw>(image, offset, value);
+            const TRaw value = convert ? fieldhooks::asHeld<TRaw>(given, offset)
+                                       : fieldhooks::load<TRaw>(given, offset);
+            fieldhooks::store<TRaw>(image, offset, value);
         }
-        table.loadExtras(given);
+        table.loadExtras(given, convert);
         table.refreshChecksum();
         if (rules.restoreChecksum)
             block.setChecksum(bytes::getLE<quint16>(given, 4));
@@ -219,9 +218,7 @@ private:
         std::uint64_t offset = 0;
         if (!shape.cellOffset(row, col, offset))
             return;
-        TRaw stored = truncateTo<TRaw>(unscale(value, factor));
-        swapStored(stored);
-        bytes::putLE<TRaw>(built, offset, stored);
+        fieldhooks::store<TRaw>(built, offset, truncateTo<TRaw>(unscale(value, factor)));
     }
 
     // Reads one cell of a token-form section into `built` through `number`.

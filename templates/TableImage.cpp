@@ -2,6 +2,7 @@
 #include "templates/TableImage.h"
 
 #include "HwDatablock.h"
+#include "core/FieldHooks.h"
 #include "core/HwBytes.h"
 
 #include <algorithm>
@@ -40,9 +41,7 @@ quint32 TableImage::colCount() const {
 }
 
 void TableImage::storeCount(std::uint64_t offset, quint32 value) {
-    unsigned int stored = value;
-    HwDatablock::SwapIntel2Ppc(stored);
-    if (bytes::putLE<quint32>(image, offset, stored))
+    if (fieldhooks::store<quint32>(image, offset, value))
         refreshChecksum();
 }
 
@@ -57,14 +56,12 @@ void TableImage::setColCount(quint32 cols) {
 qint32 TableImage::index(quint32 row) const {
     if (!shape.hasIndex)
         return 0;
-    return bytes::getLE<qint32>(image, shape.indexOffset() + 4ull * row);
+    return fieldhooks::load<qint32>(image, shape.indexOffset() + 4ull * row);
 }
 
 void TableImage::setIndex(qint32 value, quint32 row) {
     // A row past the capacity lies past the end of the image: nothing is written there.
-    int stored = value;
-    HwDatablock::SwapIntel2Ppc(stored);
-    if (shape.hasIndex && bytes::putLE<qint32>(image, shape.indexOffset() + 4ull * row, stored))
+    if (shape.hasIndex && fieldhooks::store<qint32>(image, shape.indexOffset() + 4ull * row, value))
         refreshChecksum();
 }
 
@@ -156,10 +153,15 @@ void TableImage::fitImage() {
         std::memset(image.data() + old, 0, static_cast<std::size_t>(size - old));
 }
 
-void TableImage::loadHeader(const QByteArray& given) {
+// A count or index word of `given`, as the load takes it.
+static quint32 takenWord(const QByteArray& given, std::uint64_t offset, bool convert) {
+    return convert ? fieldhooks::asHeld<quint32>(given, offset)
+                   : fieldhooks::load<quint32>(given, offset);
+}
+
+void TableImage::loadHeader(const QByteArray& given, bool convert) {
     fitImage();
-    unsigned short size = static_cast<unsigned short>(shape.blockSize());
-    HwDatablock::SwapIntel2Ppc(size);
+    const unsigned short size = static_cast<unsigned short>(shape.blockSize());
     const quint16 id = bytes::getLE<quint16>(given, 0);
     if (keepsChecksum) {
         block.setBlockSize(size);
@@ -170,15 +172,15 @@ void TableImage::loadHeader(const QByteArray& given) {
         bytes::putLE<quint16>(image, 0, id);
         bytes::putLE<quint16>(image, 6, 0);
     }
-    setRowCount(bytes::getLE<quint32>(given, shape.rowCountOffset()));
-    setColCount(bytes::getLE<quint32>(given, shape.colCountOffset()));
+    setRowCount(takenWord(given, shape.rowCountOffset(), convert));
+    setColCount(takenWord(given, shape.colCountOffset(), convert));
 }
 
-void TableImage::loadExtras(const QByteArray& given) {
+void TableImage::loadExtras(const QByteArray& given, bool convert) {
     for (quint32 row = 0; shape.hasIndex && row < shape.maxRows; ++row) {
-        int value = bytes::getLE<qint32>(given, shape.indexOffset() + 4ull * row);
-        HwDatablock::SwapIntel2Ppc(value);
-        bytes::putLE<qint32>(image, shape.indexOffset() + 4ull * row, value);
+        const std::uint64_t offset = shape.indexOffset() + 4ull * row;
+        fieldhooks::store<qint32>(image, offset,
+                                  static_cast<qint32>(takenWord(given, offset, convert)));
     }
     // Descriptors are text: no byte order to convert.
     const std::uint64_t width = std::uint64_t(shape.descriptorCount) * TableLayout::kDescriptorSize;

@@ -41,8 +41,10 @@ public:
 
     // Loading a given image of the block size: the header and counts first, then (after the
     // typed cells) the index column and the descriptors.
-    void loadHeader(const QByteArray& given);
-    void loadExtras(const QByteArray& given);
+    // `convert`: the byte-order conversion, which turns counts and index column (the 8-byte
+    // header stays in the reference form, so that the block can always be told by its id).
+    void loadHeader(const QByteArray& given, bool convert);
+    void loadExtras(const QByteArray& given, bool convert);
 
     // Completes an image built from a file: header, counts and a checksum over all of it.
     void seal(QByteArray& built, quint16 idWord, quint32 rows, quint32 cols);

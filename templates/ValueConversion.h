@@ -9,8 +9,15 @@
 namespace Tupsim {
 namespace detail {
 
+// The arithmetic type of a stored value: a char cell holds a signed 8-bit number on every host
+// (plain char is unsigned on some, s390x and PowerPC among them).
+template <typename T>
+using Arithmetic = typename std::conditional<std::is_same<T, char>::value, signed char, T>::type;
+
 template <typename T> T truncateTo(double value) {
-    if constexpr (std::is_integral<T>::value) {
+    if constexpr (std::is_same<T, char>::value) {
+        return static_cast<char>(truncateTo<signed char>(value));
+    } else if constexpr (std::is_integral<T>::value) {
         if (std::isnan(value))
             return T(0);
         const double low = static_cast<double>(std::numeric_limits<T>::lowest());

@@ -2,6 +2,8 @@
 #include "blocks/calib/CalibRecord.h"
 
 #include "IErrorManager.h"
+#include "core/ConversionScope.h"
+#include "core/FieldHooks.h"
 
 #include <cstring>
 
@@ -12,11 +14,11 @@ namespace {
 const int kErrorCheckFailed = 1040001;
 const int kErrorStoreFailed = 1040002;
 
-// A host-order value of a record given by pointer, which may be unaligned.
-template <typename T> T recordValue(const char* record, unsigned offset) {
-    T value;
-    std::memcpy(&value, record + offset, sizeof value);
-    return value;
+// A field of a record given by pointer, which may be unaligned: a copy takes it in the reference
+// form; the byte-order conversion takes it as the host holds it, so that it comes out turned.
+template <typename T> T recordValue(const char* record, unsigned offset, bool convert) {
+    const QByteArray field = QByteArray::fromRawData(record + offset, sizeof(T));
+    return convert ? fieldhooks::asHeld<T>(field, 0) : fieldhooks::load<T>(field, 0);
 }
 } // namespace
 
@@ -44,21 +46,22 @@ void importRecord(HwDatablock& block, QByteArray& image, const void* record, uns
     if (record == nullptr)
         return;
     const char* base = static_cast<const char*>(record);
+    // The 8-byte header stays in the reference form in both data formats.
+    const bool convert = conversion::inProgress(block);
     image = QByteArray(size, '\0');
-    block.setBlockId(recordValue<quint16>(base, 0));
+    block.setBlockId(recordValue<quint16>(base, 0, false));
     block.setBlockSize(size);
     block.setAlignment(0);
     for (const FieldRun& run : runs) {
         for (unsigned i = 0; i < run.count; ++i) {
             const unsigned offset = run.offset + i * run.width;
-            // The record is in host order; the setters turn it into the instrument's order.
             if (run.width == 2)
-                setField(block, image, offset, recordValue<quint16>(base, offset));
+                setField(block, image, offset, recordValue<quint16>(base, offset, convert));
             else
-                setField(block, image, offset, recordValue<quint32>(base, offset));
+                setField(block, image, offset, recordValue<quint32>(base, offset, convert));
         }
     }
-    block.setChecksum(recordValue<quint16>(base, 4));
+    block.setChecksum(recordValue<quint16>(base, 4, false));
 }
 
 int storeChecked(HwDatablock& block, QByteArray& image, std::uint64_t offset, qint32 value,

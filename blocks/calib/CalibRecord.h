@@ -2,6 +2,7 @@
 #pragma once
 
 #include "HwDatablock.h"
+#include "core/FieldHooks.h"
 #include "core/HwBytes.h"
 
 #include <cstdint>
@@ -12,17 +13,12 @@ namespace calib {
 
 // Reads a field kept in the instrument's byte order; 0 when it lies beyond the image.
 template <typename T> T readField(const QByteArray& image, std::uint64_t offset) {
-    T value{};
-    if (!bytes::copyOut(image, offset, &value, sizeof value))
-        return T{};
-    HwDatablock::SwapIntel2Ppc(value);
-    return value;
+    return fieldhooks::load<T>(image, offset);
 }
 
 // Stores a field in the instrument's byte order; false (nothing written) when it does not fit.
 template <typename T> bool writeField(QByteArray& image, std::uint64_t offset, T value) {
-    HwDatablock::SwapIntel2Ppc(value);
-    return bytes::copyIn(image, offset, &value, sizeof value);
+    return fieldhooks::store<T>(image, offset, value);
 }
 
 // What every plain setter does: store the field, then keep the checksum current.

@@ -3,35 +3,37 @@
 
 #include "HwDatablock.h"
 #include "core/ConversionScope.h"
+#include "core/FieldHooks.h"
 #include "core/HwBytes.h"
 
 #include <QByteArray>
 #include <algorithm>
+#include <cstring>
 #include <string>
 
 namespace Tupsim {
 namespace blockfields {
 
-// Byte-order hooks for the field widths these blocks store.
-inline void hook(quint8&) {}
-inline void hook(quint16& value) {
-    HwDatablock::SwapIntel2Ppc(value);
-}
-inline void hook(quint32& value) {
-    HwDatablock::SwapIntel2Ppc(value);
-}
-
 // Stores a field through the byte-order hook; false (nothing written) beyond the image.
 template <typename T> bool store(QByteArray& image, std::uint64_t offset, T value) {
-    hook(value);
+    fieldhooks::hook(value);
     char raw[sizeof(T)];
-    bytes::putLE<T>(raw, sizeof raw, 0, value);
+    std::memcpy(raw, &value, sizeof raw);
     if (!bytes::fits(static_cast<std::uint64_t>(image.size()), offset, sizeof raw))
         return false;
     // Through QByteArray itself: GCC cannot see that a fitting field never lies in Qt's shared
     // empty array and warns about a direct copy with a constant offset.
     image.replace(static_cast<int>(offset), sizeof raw, raw, sizeof raw);
     return true;
+}
+
+// A payload field of a record being imported: a copy takes it in the reference form; inside the
+// byte-order conversion it is taken as the host holds it, so that storing it turns it. Header
+// words are read with bytes::getLE: the header stays in the reference form in both data formats.
+template <typename T>
+T recordField(const HwDatablock& block, const QByteArray& record, std::uint64_t offset) {
+    return conversion::inProgress(block) ? fieldhooks::asHeld<T>(record, offset)
+                                         : fieldhooks::load<T>(record, offset);
 }
 
 // A zero-filled image of `size` bytes with id and size in its header; checksum stays 0.

@@ -41,7 +41,7 @@ int HwDatablockCommonStatisticData::setBlock(const HwSDatablockCommonStatisticDa
     setBlockId(bytes::getLE<quint16>(raw, 0));
     setAlignment(bytes::getLE<quint16>(raw, 6));
     setCommonStatisticData(reinterpret_cast<const unsigned char*>(raw.constData()) + Data,
-                           bytes::getLE<quint32>(raw, Length));
+                           blockfields::recordField<quint32>(*this, raw, Length));
     return 0;
 }
 

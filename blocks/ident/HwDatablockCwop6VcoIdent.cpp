@@ -51,9 +51,9 @@ void HwDatablockCwop6VcoIdent::swapBlock(const HwSDatablockCwop6VcoIdent* record
     if (raw.isEmpty())
         return;
     blockfields::importHeader(*this, raw, ImageSize, bytes::getLE<quint16>(raw, 6));
-    setJobNumber(bytes::getLE<quint32>(raw, JobNumber));
+    setJobNumber(blockfields::recordField<quint32>(*this, raw, JobNumber));
     for (const WordField& field : kWordFields)
-        setWord(field.offset, bytes::getLE<quint16>(raw, field.offset));
+        setWord(field.offset, blockfields::recordField<quint16>(*this, raw, field.offset));
     blockfields::keepRecordChecksum(*this, raw);
 }
 

@@ -24,10 +24,10 @@ bool HwDatablockEventCount::setData(const unsigned char* bytes, unsigned int len
 
 bool HwDatablockEventCount::makeDatablock2HwEventCount() {
     setDatablockClassTyp(HwDatablockClassEventCount);
-    unsigned int magic = getMagicIdentifierEventCount();
-    if (getDataFormatTyp() == HwDataFormatReference)
-        SwapIntel2Ppc(magic);
-    setChecksum32(magic);
+    // setChecksum32 stores through the byte-order hook already, and the generic conversion leaves
+    // the header as it is: the magic stands in the reference order in both forms, where
+    // verifyChecksum32 reads it on every host.
+    setChecksum32(getMagicIdentifierEventCount());
     return true;
 }
 

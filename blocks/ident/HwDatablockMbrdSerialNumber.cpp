@@ -30,7 +30,7 @@ void HwDatablockMbrdSerialNumber::swapBlock(const HwSDatablockMbrdSerialNumber* 
     if (raw.isEmpty())
         return;
     blockfields::importHeader(*this, raw, ImageSize, 0); // alignment 0 whatever the record says
-    setSerialNumber(bytes::getLE<quint32>(raw, SerialOffset));
+    setSerialNumber(blockfields::recordField<quint32>(*this, raw, SerialOffset));
     blockfields::keepRecordChecksum(*this, raw);
 }
 

@@ -40,7 +40,7 @@ void HwDatablockMbrdTimeMonitoringData::copyRecord(const QByteArray& record,
     blockfields::importHeader(*this, record, bytes::getLE<quint16>(record, 2), alignment);
     setDate(record.constData() + Date);
     setTimeMonitoringData(reinterpret_cast<const unsigned char*>(record.constData()) + Data,
-                          bytes::getLE<quint32>(record, Length));
+                          blockfields::recordField<quint32>(*this, record, Length));
     blockfields::keepRecordChecksum(*this, record);
 }
 

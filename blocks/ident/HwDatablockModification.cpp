@@ -48,7 +48,9 @@ void HwDatablockModification::copyRecord(const void* record, bool keepAlignment)
                               keepAlignment ? bytes::getLE<quint16>(raw, 6) : 0);
     // Entry by entry, each with its checksum refresh.
     for (unsigned char i = 0; i < EntryCount; ++i)
-        setServiceCode(i, entryOf(raw, i));
+        setServiceCode(i, i < EntryCount ? blockfields::recordField<quint16>(
+                                               *this, raw, FirstEntry + 2 * unsigned{i})
+                                         : 0);
     blockfields::keepRecordChecksum(*this, raw);
 }
 

@@ -35,11 +35,11 @@ int HwDatablockModification120::setBlock(const HwSDatablockModification120* reco
 }
 
 void HwDatablockModification120::swapBlock() {
+    // Every code is turned (reversed on a big-endian host); the header words stay in the
+    // reference form, where the block is told by its id in either data format.
     QByteArray& data = image();
-    for (int offset = 0; offset + 2 <= HeaderSize; offset += 2)
-        blockfields::store<quint16>(data, offset, bytes::getLE<quint16>(data, offset));
     for (int offset = HeaderSize; offset + 4 <= data.size(); offset += 4)
-        blockfields::store<quint32>(data, offset, bytes::getLE<quint32>(data, offset));
+        blockfields::store<quint32>(data, offset, fieldhooks::asHeld<quint32>(data, offset));
     reInterpretData();
 }
 

@@ -40,10 +40,10 @@ void HwDatablockServiceData::swapBlock(const HwSDatablockServiceData* record) {
         return;
     blockfields::importHeader(*this, raw, ImageSize, 0);
     setDepartment(raw.constData() + Department);
-    setServiceDate(bytes::getLE<quint16>(raw, ServiceDate));
-    setOpTime(bytes::getLE<quint32>(raw, OpTime));
-    setRepairNumber(bytes::getLE<quint16>(raw, RepairNumber));
-    setServiceCode(bytes::getLE<quint16>(raw, ServiceCode));
+    setServiceDate(blockfields::recordField<quint16>(*this, raw, ServiceDate));
+    setOpTime(blockfields::recordField<quint32>(*this, raw, OpTime));
+    setRepairNumber(blockfields::recordField<quint16>(*this, raw, RepairNumber));
+    setServiceCode(blockfields::recordField<quint16>(*this, raw, ServiceCode));
     blockfields::keepRecordChecksum(*this, raw);
 }
 

@@ -29,7 +29,7 @@ void HwDatablockStatistic::swapBlock(const HwSDatablockStatistic* record) {
     if (raw.isEmpty())
         return;
     blockfields::importHeader(*this, raw, ImageSize, 0);
-    setOpHours(bytes::getLE<quint32>(raw, OpHours));
+    setOpHours(blockfields::recordField<quint32>(*this, raw, OpHours));
     blockfields::keepRecordChecksum(*this, raw);
 }
 

@@ -17,15 +17,22 @@ QString name(const QByteArray& image) {
 void copyRecord(HwDatablock& block, QByteArray& image, const QByteArray& record,
                 unsigned short size) {
     blockfields::importHeader(block, record, size, bytes::getLE<quint16>(record, 6));
-    blockfields::store(image, EepromSize, bytes::getLE<quint32>(record, EepromSize));
-    blockfields::store(image, PartNumber, bytes::getLE<quint32>(record, PartNumber));
-    blockfields::store(image, Variant, bytes::getLE<quint8>(record, Variant));
-    blockfields::store(image, HardwareCode, bytes::getLE<quint8>(record, HardwareCode));
-    blockfields::store(image, ProductIndex, bytes::getLE<quint16>(record, ProductIndex));
-    blockfields::store(image, SerialNumber, bytes::getLE<quint32>(record, SerialNumber));
-    blockfields::store(image, ProductDate, bytes::getLE<quint16>(record, ProductDate));
-    blockfields::store(image, ReadCode, bytes::getLE<quint16>(record, ReadCode));
-    blockfields::store(image, TestInstruction, bytes::getLE<quint16>(record, TestInstruction));
+    blockfields::store(image, EepromSize,
+                       blockfields::recordField<quint32>(block, record, EepromSize));
+    blockfields::store(image, PartNumber,
+                       blockfields::recordField<quint32>(block, record, PartNumber));
+    blockfields::store(image, Variant, blockfields::recordField<quint8>(block, record, Variant));
+    blockfields::store(image, HardwareCode,
+                       blockfields::recordField<quint8>(block, record, HardwareCode));
+    blockfields::store(image, ProductIndex,
+                       blockfields::recordField<quint16>(block, record, ProductIndex));
+    blockfields::store(image, SerialNumber,
+                       blockfields::recordField<quint32>(block, record, SerialNumber));
+    blockfields::store(image, ProductDate,
+                       blockfields::recordField<quint16>(block, record, ProductDate));
+    blockfields::store(image, ReadCode, blockfields::recordField<quint16>(block, record, ReadCode));
+    blockfields::store(image, TestInstruction,
+                       blockfields::recordField<quint16>(block, record, TestInstruction));
     // The name is copied as raw bytes: no round trip through the local encoding.
     if (record.size() >= ImageSize)
         blockfields::storeText(image, Name, NameWidth, record.constData() + Name, NameWidth);

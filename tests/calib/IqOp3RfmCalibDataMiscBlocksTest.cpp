@@ -15,11 +15,13 @@ namespace {
 using Misc = HwDatablockIqOp3RfmCalibDataMisc;
 
 // The record of the golden printout: tolerances, full scale, state count, PMAX, UIQ, LCON, DET.
-const HwSDatablockIqOp3RfmCalibDataMisc kSample = sealed(HwSDatablockIqOp3RfmCalibDataMisc{
-    10301, 168, 0, 0, 640, 200, 64, 383,  2.5f,        13,   1280.0f, 1280.9f, -640.0f, 0, 0,
-    0,     0,   0, 0, 0,   0,   0,  0.5f, 1.23456789f, 1e8f, 0,       0,       0,       0, 0,
-    0,     0,   0, 0, 640, 127, 0,  0,    0,           0,    0,       0,       0,       0, 0,
-    65535, 3,   0, 0, 0,   0,   0,  0,    0,           0,    0,       0,       65535});
+const HwSDatablockIqOp3RfmCalibDataMisc kSample = sealed(stored(
+    HwSDatablockIqOp3RfmCalibDataMisc{
+        10301, 168, 0, 0, 640, 200, 64, 383,  2.5f,        13,   1280.0f, 1280.9f, -640.0f, 0, 0,
+        0,     0,   0, 0, 0,   0,   0,  0.5f, 1.23456789f, 1e8f, 0,       0,       0,       0, 0,
+        0,     0,   0, 0, 640, 127, 0,  0,    0,           0,    0,       0,       0,       0, 0,
+        65535, 3,   0, 0, 0,   0,   0,  0,    0,           0,    0,       0,       65535},
+    {{8, 2, 4}, {16, 4, 26}, {120, 2, 24}}));
 
 // The scalar fields and the last element of each array.
 const struct {

@@ -54,7 +54,7 @@ std::vector<RefCase> allCases() {
 #undef REF_CASE
 
 HwSDatablockRefCalValue sealedRecord(unsigned short id, unsigned int count, int value) {
-    return sealed(HwSDatablockRefCalValue{id, 16, 0, 0, count, value});
+    return sealed(stored(HwSDatablockRefCalValue{id, 16, 0, 0, count, value}, {{8, 4, 2}}));
 }
 
 } // namespace
@@ -104,7 +104,8 @@ TEST(RefCalValue, EachClassStoresIndexZeroOnlyAndChecksWhatItImports) {
 
     ServiceRecorders services;
     HwDatablockPymOcxoRefCalValue pym;
-    HwSDatablockPymOcxoRefCalValue pymRecord{15002, 16, 0x1111, 6, 2, 77};
+    HwSDatablockPymOcxoRefCalValue pymRecord =
+        stored(HwSDatablockPymOcxoRefCalValue{15002, 16, 0x1111, 6, 2, 77}, {{8, 4, 2}});
     pym.swapBlock(&pymRecord); // imports without checking
     EXPECT_EQ(hex(pym.getByteArrayData()), "9a 3a 10 00 11 11 00 00 02 00 00 00 4d 00 00 00");
 
@@ -131,7 +132,7 @@ TEST(RefCalValue, EachClassStoresIndexZeroOnlyAndChecksWhatItImports) {
     EXPECT_EQ(dac.setBlock(&dacRecord), 1);
     expectRejected(services, 1040001, "   HwDatablockDacIfFullScale");
     EXPECT_EQ(dac.getFullScaleValue(), -123456);
-    dacRecord = sealed(HwSDatablockDacIfFullScale{12500, 12, 0, 0, -123456});
+    dacRecord = sealed(stored(HwSDatablockDacIfFullScale{12500, 12, 0, 0, -123456}, {{8, 4, 1}}));
     ASSERT_EQ(dac.setBlock(&dacRecord), 0);
     EXPECT_EQ(dac.getByteArrayData(), recordBytes(dacRecord));
     EXPECT_EQ(printed(dac), golden("calib/DacIfFullScale.txt"));

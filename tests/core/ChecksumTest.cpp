@@ -86,14 +86,16 @@ TEST(Checksum16, FreshHeaderAndExternalBuffers) {
     EXPECT_TRUE(block.verifyChecksum());
     EXPECT_TRUE(services.debug.lines.empty()); // a passed check says nothing
 
-    // words: id 1, size 8, checksum 0xABCD (ignored), alignment 0
-    unsigned short words[4] = {1, 8, 0xABCD, 0};
+    // words: id 1, size 8, checksum 0xABCD (ignored), alignment 0; the buffer holds image
+    // bytes, least significant first on every host
+    QByteArray buffer = bytesOf({0x01, 0x00, 0x08, 0x00, 0xCD, 0xAB, 0x00, 0x00});
+    unsigned short* words = reinterpret_cast<unsigned short*>(buffer.data());
     EXPECT_EQ(block.computeChecksum(words, 8), 0xFFF7);
-    EXPECT_EQ(words[2], 0xABCD); // the checksum word is put back
-    words[2] = 0xFFF7;
+    EXPECT_EQ(word(buffer, 4), 0xABCDu); // the checksum word is put back
+    putAt<unsigned short>(buffer, 4, 0xFFF7);
     EXPECT_TRUE(block.verifyChecksum(words, 8, true));
     EXPECT_TRUE(block.verifyChecksum(words, 8, false));
-    words[3] = 1;
+    putAt<unsigned short>(buffer, 6, 1);
     EXPECT_FALSE(block.verifyChecksum(words, 8, true));
     EXPECT_FALSE(block.verifyChecksum(words, 8, false));
     EXPECT_FALSE(block.verifyChecksum(nullptr, 8, false));

@@ -25,10 +25,18 @@ const QByteArray filled = sealed(
     QByteArray::fromHex("02002c0000000000 00200000 4e61bc00 03116900 06120f00 b1580700b304") +
     QByteArray("SMB-B106").leftJustified(14, '\0'));
 
-QByteArray row(int code, const char* name, const char* label, const char* stem) {
-    return bytesOf({code, code >> 8, code >> 16, code >> 24}) +
+// A row of the module-type table in memory: the code as the host holds it.
+QByteArray row(quint32 code, const char* name, const char* label, const char* stem) {
+    return QByteArray(reinterpret_cast<const char*>(&code), sizeof code) +
            QByteArray(name).leftJustified(32, '\0') + QByteArray(label).leftJustified(14, '\0') +
            QByteArray(stem).leftJustified(34, '\0');
+}
+
+// A row as loadRows reads it from stored bytes: the code least significant byte first.
+QByteArray storedRow(const HwSModuleType& row) {
+    QByteArray bytes = recordBytes(row);
+    putAt<quint32>(bytes, 0, row.code);
+    return bytes;
 }
 
 } // namespace
@@ -74,7 +82,15 @@ TEST(HwDatablockIdent, SettersNameCutAtFourteenBytesSwapShortImagesAndMiscIdent)
     block.setSerialNumber(5);
     block.setName(QStringLiteral("X"));
     block.swapOwnImage();
+    // The conversion turns every field that the image holds into the processor's order: nothing
+    // changes on a little-endian host, a big-endian one reverses the size, part number and product
+    // index; the header and the cut serial number stay as they are.
+#if Q_BYTE_ORDER == Q_BIG_ENDIAN
+    EXPECT_EQ(hex(block.getByteArrayData()),
+              "02 00 2c 00 d5 1a 00 00 00 00 20 00 00 bc 61 4e 03 11 00 69 06");
+#else
     EXPECT_EQ(block.getByteArrayData(), filled.left(21));
+#endif
     load(block, QByteArray());
     block.swapOwnImage();
     EXPECT_TRUE(block.getByteArrayData().isEmpty());
@@ -195,7 +211,8 @@ TEST(HwDatablockEnd, ChecksumOperationsAnswerNeutrallyAndWordSettersStore) {
     block.setEndBlock();
     EXPECT_EQ(hex(block.getByteArrayData()), "ff ff 00 00");
 
-    const HwSDatablockEnd record{0xfffe, 3};
+    // A record as the EEPROM holds it, least significant byte first on every host.
+    const HwSDatablockEnd record = recordOf<HwSDatablockEnd>(bytesOf({0xfe, 0xff, 0x03, 0x00}));
     EXPECT_EQ(block.setBlock(&record), 0);
     EXPECT_EQ(block.setBlock(nullptr), 1);
     EXPECT_EQ(hex(block.getByteArrayData()), "fe ff 03 00");
@@ -227,10 +244,10 @@ TEST(HwModuleTypeTable, HostRowsGoBeforeTheTerminatorLoadedRowsStopAtIt) {
     EXPECT_EQ(table.rowCount(), 192);
     EXPECT_EQ(table.findByCode(3), nullptr);
 
-    QByteArray image = recordBytes(HwModuleTypeTable::makeRow(0x01020304, "ALPHA"));
-    image.append(recordBytes(HwModuleTypeTable::makeRow(7, "BETA")));
-    image.append(recordBytes(HwModuleTypeTable::terminator()));
-    image.append(recordBytes(HwModuleTypeTable::makeRow(8, "AFTER-THE-END")));
+    QByteArray image = storedRow(HwModuleTypeTable::makeRow(0x01020304, "ALPHA"));
+    image.append(storedRow(HwModuleTypeTable::makeRow(7, "BETA")));
+    image.append(storedRow(HwModuleTypeTable::terminator()));
+    image.append(storedRow(HwModuleTypeTable::makeRow(8, "AFTER-THE-END")));
     HwModuleTypeTable loaded;
     EXPECT_EQ(loaded.loadRows(image), 2);
     EXPECT_EQ(loaded.rowCount(), 3);

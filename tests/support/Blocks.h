@@ -37,6 +37,32 @@ template <typename Record> Record recordOf(const QByteArray& image) {
     return record;
 }
 
+// A field run of a record: `count` fields of `width` bytes from `offset`.
+struct Run {
+    int offset;
+    int width;
+    int count;
+};
+
+// A record filled with host values, as the EEPROM holds it: every field of the header and of the
+// given runs least significant byte first. A little-endian host holds it so already.
+template <typename Record> Record stored(Record record, std::initializer_list<Run> runs) {
+#if Q_BYTE_ORDER == Q_BIG_ENDIAN
+    unsigned char* bytes = reinterpret_cast<unsigned char*>(&record);
+    const auto reverse = [bytes](const Run& run) {
+        for (int i = 0; i < run.count; ++i)
+            std::reverse(bytes + run.offset + i * run.width,
+                         bytes + run.offset + (i + 1) * run.width);
+    };
+    reverse({0, 2, 4}); // the header words
+    for (const Run& run : runs)
+        reverse(run);
+#else
+    (void)runs;
+#endif
+    return record;
+}
+
 // The record with a checksum that makes all its words sum to zero.
 template <typename Record> Record sealed(const Record& record) {
     return recordOf<Record>(sealed(recordBytes(record)));

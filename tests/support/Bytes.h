@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QByteArray>
+#include <QtGlobal>
+#include <algorithm>
 #include <cstring>
 #include <initializer_list>
 #include <string>
@@ -17,16 +19,33 @@ inline QByteArray bytesOf(std::initializer_list<int> values) {
     return out;
 }
 
+// The bytes of a value least significant first, on any host: block images are stored that way.
+template <typename T> void toLittleEndian(unsigned char (&raw)[sizeof(T)], T value) {
+    std::memcpy(raw, &value, sizeof(T));
+#if Q_BYTE_ORDER == Q_BIG_ENDIAN
+    std::reverse(raw, raw + sizeof(T));
+#endif
+}
+
 // A value stored least significant byte first at `offset`; zero when it does not fit.
 template <typename T> T valueAt(const QByteArray& image, int offset) {
     T value{};
-    if (offset >= 0 && offset + static_cast<int>(sizeof(T)) <= image.size())
-        std::memcpy(&value, image.constData() + offset, sizeof(T));
+    if (offset < 0 || offset + static_cast<int>(sizeof(T)) > image.size())
+        return value;
+    unsigned char raw[sizeof(T)];
+    std::memcpy(raw, image.constData() + offset, sizeof(T));
+#if Q_BYTE_ORDER == Q_BIG_ENDIAN
+    std::reverse(raw, raw + sizeof(T));
+#endif
+    std::memcpy(&value, raw, sizeof(T));
     return value;
 }
 
+// Stores a value least significant byte first at `offset`.
 template <typename T> void putAt(QByteArray& image, int offset, T value) {
-    std::memcpy(image.data() + offset, &value, sizeof(T));
+    unsigned char raw[sizeof(T)];
+    toLittleEndian<T>(raw, value);
+    std::memcpy(image.data() + offset, raw, sizeof(T));
 }
 
 inline unsigned word(const QByteArray& image, int offset) {
