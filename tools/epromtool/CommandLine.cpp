@@ -196,6 +196,11 @@ int CommandLine::occurrence(int& occurrence) const {
     return -1;
 }
 
+int CommandLine::parseImageCommand(const QStringList& arguments, int& start, bool takesRest) {
+    const int early = parse(arguments, takesRest);
+    return early >= 0 ? early : chainStart(start);
+}
+
 int CommandLine::requiredId(quint16& id) const {
     if (!isSet(QStringLiteral("id")))
         return usageError(QStringLiteral("missing --id N"));

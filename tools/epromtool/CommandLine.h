@@ -69,6 +69,8 @@ public:
     // The value of --offset (0 when it is not given) in `start`; -1 to go on, else the usage
     // error's exit code after the error has been printed.
     int chainStart(int& start) const;
+    // parse() and then chainStart(): -1 to go on with `start` set, else the exit code.
+    int parseImageCommand(const QStringList& arguments, int& start, bool takesRest = false);
 
 private:
     QString command;

@@ -28,15 +28,6 @@ namespace {
 const QString kImageArgument = QStringLiteral("IMAGE");
 const QString kImageHelp = QStringLiteral("The EEPROM image file.");
 
-// False, after one line on standard error, when the file cannot be read.
-bool load(const QString& path, EepromImage& image, int chainStart) {
-    QString reason;
-    if (EepromImage::fromFile(path, image, reason, chainStart))
-        return true;
-    error(reason);
-    return false;
-}
-
 // Complains about every problem; true (after "PATH: the chain is broken, nothing DONE") when
 // the chain is broken and the command must stop.
 bool stopOnBrokenChain(const QString& path, const EepromImage& image, const QString& done) {
@@ -58,16 +49,14 @@ int runReport(const QStringList& arguments, const QString& command, const QStrin
     line.addOffsetOption();
     line.addJsonOption();
     int start = 0;
-    int early = line.parse(arguments, true);
-    if (early < 0)
-        early = line.chainStart(start);
+    int early = line.parseImageCommand(arguments, start, true);
     if (early >= 0)
         return early;
     if (isBatch(line))
         return runBatchReport(
             line, start, [text](const EepromImage& image) { return linesOf(text(image)); }, json);
     EepromImage image;
-    if (!load(line.argument(0), image, start))
+    if (!loadImage(line.argument(0), image, start))
         return ExitUnreadable;
     if (line.json())
         out(json(line.argument(0), image));
@@ -146,9 +135,7 @@ int runShow(const QStringList& arguments) {
     line.addOffsetOption();
     line.addJsonOption();
     int start = 0;
-    int early = line.parse(arguments);
-    if (early < 0)
-        early = line.chainStart(start);
+    int early = line.parseImageCommand(arguments, start);
     if (early >= 0)
         return early;
     quint16 id = 0;
@@ -158,7 +145,7 @@ int runShow(const QStringList& arguments) {
 
     const QString path = line.argument(0);
     EepromImage image;
-    if (!load(path, image, start))
+    if (!loadImage(path, image, start))
         return ExitUnreadable;
     QVector<int> chosen;
     for (int i = image.find(id); i >= 0; i = image.find(id, i + 1))
@@ -195,17 +182,15 @@ int runDiff(const QStringList& arguments) {
     line.addOffsetOption();
     line.addJsonOption();
     int start = 0;
-    int early = line.parse(arguments);
-    if (early < 0)
-        early = line.chainStart(start);
+    int early = line.parseImageCommand(arguments, start);
     if (early >= 0)
         return early;
     EepromImage a;
     EepromImage b;
-    if (!load(line.argument(0), a, start))
+    if (!loadImage(line.argument(0), a, start))
         return ExitUnreadable;
     complain(line.argument(0), a.problems());
-    if (!load(line.argument(1), b, start))
+    if (!loadImage(line.argument(1), b, start))
         return ExitUnreadable;
     complain(line.argument(1), b.problems());
     const Tupsim::ImageDiff diff = Tupsim::diffImages(a, b);
@@ -230,9 +215,7 @@ int runExport(const QStringList& arguments) {
                     QStringLiteral("N")});
     line.addOffsetOption();
     int start = 0;
-    int early = line.parse(arguments, true);
-    if (early < 0)
-        early = line.chainStart(start);
+    int early = line.parseImageCommand(arguments, start, true);
     if (early >= 0)
         return early;
     QSet<quint16> ids;
@@ -251,7 +234,7 @@ int runExport(const QStringList& arguments) {
 
     const QString path = line.argument(0);
     EepromImage image;
-    if (!load(path, image, start))
+    if (!loadImage(path, image, start))
         return ExitUnreadable;
     if (stopOnBrokenChain(path, image, QStringLiteral("exported")))
         return ExitUnreadable;
@@ -283,15 +266,13 @@ int runImport(const QStringList& arguments) {
     line.addOffsetOption();
     line.addJsonOption();
     int start = 0;
-    int early = line.parse(arguments);
-    if (early < 0)
-        early = line.chainStart(start);
+    int early = line.parseImageCommand(arguments, start);
     if (early >= 0)
         return early;
 
     const QString path = line.argument(0);
     EepromImage image;
-    if (!load(path, image, start))
+    if (!loadImage(path, image, start))
         return ExitUnreadable;
     if (stopOnBrokenChain(path, image, QStringLiteral("imported")))
         return ExitUnreadable;
@@ -346,9 +327,7 @@ int runSet(const QStringList& arguments) {
     line.addOffsetOption();
     line.addJsonOption();
     int start = 0;
-    int early = line.parse(arguments, true);
-    if (early < 0)
-        early = line.chainStart(start);
+    int early = line.parseImageCommand(arguments, start, true);
     if (early >= 0)
         return early;
     quint16 id = 0;
@@ -373,7 +352,7 @@ int runSet(const QStringList& arguments) {
 
     const QString path = line.argument(0);
     EepromImage image;
-    if (!load(path, image, start))
+    if (!loadImage(path, image, start))
         return ExitUnreadable;
     if (stopOnBrokenChain(path, image, QStringLiteral("set")))
         return ExitUnreadable;
@@ -411,9 +390,7 @@ int runFix(const QStringList& arguments) {
     line.addWriteOptions(kImageArgument);
     line.addOffsetOption();
     int start = 0;
-    int early = line.parse(arguments);
-    if (early < 0)
-        early = line.chainStart(start);
+    int early = line.parseImageCommand(arguments, start);
     if (early >= 0)
         return early;
     int onlyId = -1;
@@ -427,7 +404,7 @@ int runFix(const QStringList& arguments) {
 
     const QString path = line.argument(0);
     EepromImage image;
-    if (!load(path, image, start))
+    if (!loadImage(path, image, start))
         return ExitUnreadable;
     if (onlyId >= 0 && !image.chainBroken() && image.find(static_cast<quint16>(onlyId)) < 0) {
         error(QStringLiteral("%1: no block with id %2; nothing written").arg(path).arg(onlyId));

@@ -101,9 +101,7 @@ int runInventory(const QStringList& arguments) {
     line.addJsonOption();
     line.addOffsetOption();
     int start = 0;
-    int early = line.parse(arguments, true);
-    if (early < 0)
-        early = line.chainStart(start);
+    int early = line.parseImageCommand(arguments, start, true);
     if (early >= 0)
         return early;
     const bool csv = line.isSet(QStringLiteral("csv"));

@@ -178,6 +178,14 @@ void error(const QString& text) {
     std::cerr << "epromtool: " << text.toStdString() << std::endl;
 }
 
+bool loadImage(const QString& path, EepromImage& image, int chainStart) {
+    QString reason;
+    if (EepromImage::fromFile(path, image, reason, chainStart))
+        return true;
+    error(reason);
+    return false;
+}
+
 int exitCodeOf(const EepromImage& image) {
     if (image.chainBroken())
         return 2;

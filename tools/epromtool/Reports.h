@@ -19,6 +19,9 @@ void out(const std::string& text);
 void out(const QJsonDocument& document);
 // "epromtool: " followed by the text, on standard error.
 void error(const QString& text);
+// Reads the image at `path` (its chain starting at `chainStart`); false, after one line on
+// standard error, when the file cannot be read.
+bool loadImage(const QString& path, Tupsim::EepromImage& image, int chainStart);
 
 // 2 for a broken chain, else 1 when a check failed, else 0.
 int exitCodeOf(const Tupsim::EepromImage& image);

@@ -17,18 +17,6 @@ using Tupsim::EepromImage;
 
 namespace epromtool {
 
-namespace {
-
-bool loadImage(const QString& path, EepromImage& image, int chainStart) {
-    QString reason;
-    if (EepromImage::fromFile(path, image, reason, chainStart))
-        return true;
-    error(reason);
-    return false;
-}
-
-} // namespace
-
 int runTable(const QStringList& arguments) {
     CommandLine line(QStringLiteral("table"),
                      QStringLiteral("Prints one calibration table of IMAGE with its frequency "
@@ -42,9 +30,7 @@ int runTable(const QStringList& arguments) {
     line.addOffsetOption();
     line.addJsonOption();
     int start = 0;
-    int early = line.parse(arguments);
-    if (early < 0)
-        early = line.chainStart(start);
+    int early = line.parseImageCommand(arguments, start);
     if (early >= 0)
         return early;
     quint16 id = 0;
@@ -101,9 +87,7 @@ int runReport(const QStringList& arguments) {
                     QStringLiteral("FILE")});
     line.addOffsetOption();
     int start = 0;
-    int early = line.parse(arguments, true);
-    if (early < 0)
-        early = line.chainStart(start);
+    int early = line.parseImageCommand(arguments, start, true);
     if (early >= 0)
         return early;
     QStringList paths{line.argument(0)};
