@@ -7,6 +7,7 @@
 
 #include <QHash>
 #include <QSet>
+#include <cstring>
 #include <sstream>
 
 namespace Tupsim {
@@ -21,26 +22,74 @@ QString counts(quint32 rows, quint32 cols) {
     return QStringLiteral("%1*%2").arg(rows).arg(cols);
 }
 
-// The sections of a calibration file by the name behind each "ID:" that opens a line, with the
-// line of the first one of each name.
+// The sections of a calibration file. A section opens with a line whose first word begins
+// "ID:" and runs up to the next such line or the end of the text; the name behind "ID:" is its
+// key, and only the first section of each name is read. The text is walked once, so that every
+// block reads its own section and nothing of the rest.
 struct Sections {
-    QVector<QPair<QString, int>> inOrder;
+    struct Section {
+        QString name;
+        int line = 0;  // 1-based, of the "ID:" line in the whole text
+        int begin = 0; // byte offset of the "ID:" line
+        int end = 0;   // byte offset of the next "ID:" line, or the size of the text
+    };
+    QVector<Section> inOrder;
     QHash<QString, int> lineOf;
 
-    explicit Sections(const QByteArray& text) {
+    explicit Sections(const QByteArray& text) : text(text) {
+        const char* data = text.constData();
+        const int size = text.size();
         int line = 0;
-        for (const QByteArray& raw : text.split('\n')) {
+        int open = -1; // the section in inOrder that is still waiting for its end
+        for (int at = 0; at < size;) {
+            const int newline = text.indexOf('\n', at);
+            const int stop = newline < 0 ? size : newline;
             ++line;
-            const QByteArray trimmed = raw.trimmed();
-            if (!trimmed.startsWith("ID:"))
-                continue;
-            const QString name = QString::fromLatin1(trimmed.mid(3).trimmed());
-            if (name.isEmpty() || lineOf.contains(name))
-                continue;
-            lineOf.insert(name, line);
-            inOrder.append({name, line});
+            int first = at;
+            while (first < stop && isBlank(data[first]))
+                ++first;
+            if (stop - first >= 3 && std::memcmp(data + first, "ID:", 3) == 0) {
+                if (open >= 0)
+                    inOrder[open].end = at;
+                open = -1;
+                int from = first + 3;
+                int to = stop;
+                while (from < to && isBlank(data[from]))
+                    ++from;
+                while (to > from && isBlank(data[to - 1]))
+                    --to;
+                const QString name = QString::fromLatin1(data + from, to - from);
+                if (!name.isEmpty() && !lineOf.contains(name)) {
+                    lineOf.insert(name, line);
+                    positionOf.insert(name, inOrder.size());
+                    open = inOrder.size();
+                    inOrder.append({name, line, at, size});
+                }
+            }
+            at = stop + 1;
         }
     }
+
+    // The text of the section `name`, empty when there is none.
+    QByteArray body(const QString& name) const {
+        const int position = positionOf.value(name, -1);
+        if (position < 0)
+            return QByteArray();
+        const Section& section = inOrder[position];
+        return text.mid(section.begin, section.end - section.begin);
+    }
+
+    // Lines in the whole text in front of the section `name`.
+    int linesBefore(const QString& name) const { return qMax(lineOf.value(name) - 1, 0); }
+
+private:
+    // The characters QByteArray::trimmed takes away.
+    static bool isBlank(char c) {
+        return c == ' ' || c == '\t' || c == '\r' || c == '\v' || c == '\f';
+    }
+
+    const QByteArray& text;
+    QHash<QString, int> positionOf;
 };
 
 std::string printed(const tableKinds::TableKind& kind, const QByteArray& block) {
@@ -84,11 +133,11 @@ QString importBlocker(const tableKinds::TableKind& kind, const ImageBlock& entry
     return QStringLiteral("its own text form ") + change.differences();
 }
 
-// The lines of the section whose "ID:" line is `idLine` (1-based): up to the first empty line,
-// comment line or next "ID:" line.
-QStringList sectionBody(const QList<QByteArray>& lines, int idLine) {
+// The lines of a section behind its "ID:" line: up to the first empty line or comment line.
+QStringList sectionBody(const QByteArray& section) {
     QStringList body;
-    for (int i = idLine; i < lines.size(); ++i) {
+    const QList<QByteArray> lines = section.split('\n');
+    for (int i = 1; i < lines.size(); ++i) {
         const QByteArray trimmed = lines[i].trimmed();
         if (trimmed.isEmpty() || trimmed.startsWith('#') || trimmed.startsWith("ID:"))
             break;
@@ -100,8 +149,8 @@ QStringList sectionBody(const QList<QByteArray>& lines, int idLine) {
 // Reads a record block back from its section field by field. A field whose line shows the
 // value the block prints keeps its stored bytes; an edited one goes through its setter. False,
 // with `error`, when an edited value does not fit its field.
-bool readRecord(ImportedBlock& block, const QStringList& body, int idLine, QString& error) {
-    const QVector<RecordField> fields = recordFields::fields(block.before);
+bool readRecord(ImportedBlock& block, const QVector<RecordField>& fields, const QStringList& body,
+                int idLine, QString& error) {
     QByteArray after = block.before;
     QStringList changes;
     for (const RecordField& field : fields) {
@@ -159,6 +208,17 @@ QStringList complaintLines(const TextReadStatus& status) {
     if (status.moreComplaints > 0)
         lines << QStringLiteral("... and %1 more lines like this").arg(status.moreComplaints);
     return lines;
+}
+
+// `status` of a reader that saw only a section, its lines counted in the whole text, where
+// the section's first line is preceded by `linesBefore` lines.
+TextReadStatus inWholeText(TextReadStatus status, int linesBefore) {
+    if (status.line > 0)
+        status.line += linesBefore;
+    for (TextReadComplaint& complaint : status.complaints)
+        if (complaint.line > 0)
+            complaint.line += linesBefore;
+    return status;
 }
 
 QString skipReason(const BlockKindInfo& kind) {
@@ -228,8 +288,6 @@ QMap<int, QByteArray> ImportPlan::replacements() const {
 ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationText) {
     ImportPlan plan;
     const Sections sections(calibrationText);
-    const std::string text = calibrationText.toStdString();
-    const QList<QByteArray> lines = calibrationText.split('\n');
     QHash<QString, BlockKindInfo> imageNames; // the kind of the first block of each name
     QSet<QString> recordNames;                // record blocks read back field by field
     for (int i = 0; i < image.blockCount(); ++i) {
@@ -239,12 +297,14 @@ ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationTex
         if (!imageNames.contains(name))
             imageNames.insert(name, kind);
         const tableKinds::TableKind* table = tableKinds::find(entry.id);
+        QVector<RecordField> fields;
         if (!entry.isEnd && !name.isEmpty() && sections.lineOf.value(name) > 0 &&
-            !recordNames.contains(name) && recordFields::hasFields(entry.id) &&
-            !recordFields::fields(image.blockBytes(i)).isEmpty()) {
+            !recordNames.contains(name) && recordFields::hasFields(entry.id))
+            fields = recordFields::fields(image.blockBytes(i));
+        if (!fields.isEmpty()) {
             ImportedBlock block = importedBlock(image, i, name);
             const int idLine = sections.lineOf.value(name);
-            if (!readRecord(block, sectionBody(lines, idLine), idLine, plan.error)) {
+            if (!readRecord(block, fields, sectionBody(sections.body(name)), idLine, plan.error)) {
                 plan.ok = false;
                 return plan;
             }
@@ -264,9 +324,10 @@ ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationTex
             plan.blocks.append(block);
             continue;
         }
-        std::istringstream in(text);
+        std::istringstream in(sections.body(name).toStdString());
         QByteArray edited;
-        const TextReadStatus status = table->read(in, edited);
+        const TextReadStatus status =
+            inWholeText(table->read(in, edited), sections.linesBefore(name));
         if (!status.ok()) {
             plan.ok = false;
             plan.error = QStringLiteral("section %1, %2")
@@ -307,14 +368,14 @@ ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationTex
                          .arg(problem);
         return plan;
     }
-    for (const auto& section : sections.inOrder) {
-        const auto found = imageNames.constFind(section.first);
+    for (const Sections::Section& section : sections.inOrder) {
+        const auto found = imageNames.constFind(section.name);
         if (found == imageNames.constEnd())
-            plan.skipped.append({section.first, section.second,
+            plan.skipped.append({section.name, section.line,
                                  QStringLiteral("no block of the image has this name")});
         else if (!found->readsBack && found->kind != BlockKind::End &&
-                 !recordNames.contains(section.first))
-            plan.skipped.append({section.first, section.second, skipReason(*found)});
+                 !recordNames.contains(section.name))
+            plan.skipped.append({section.name, section.line, skipReason(*found)});
     }
     return plan;
 }
