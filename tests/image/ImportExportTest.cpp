@@ -209,6 +209,13 @@ TEST(ImageImport, MalformedSectionsStopThePlanWithSectionAndLine) {
         {editLine(text, att, "COUNT:", "COUNT:  28*5"),
          "section RFBO_ATT_CAL_VEC_DATA, line 68: row count 28 above the capacity 27; line 68: "
          "ERROR: Row value (COUNT) don't not equal with number of rows"},
+        // A section without its count line fails at its own last line instead of taking the
+        // count line of the section behind it; the lines are the whole file's.
+        {editLine(text, kAlc, "COUNT:", "# no count"),
+         "section RFBO_ALC_DATA, line 58: can not find 'COUNT:'"},
+        {editLine(text, att, "COUNT:", "# no count"),
+         "section RFBO_ATT_CAL_VEC_DATA, line 73: can not find 'COUNT:'; line 73: ERROR: FOUND NO "
+         "COUNT VALUES !"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.error);
