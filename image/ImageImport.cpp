@@ -290,6 +290,11 @@ ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationTex
     const Sections sections(calibrationText);
     QHash<QString, BlockKindInfo> imageNames; // the kind of the first block of each name
     QSet<QString> recordNames;                // record blocks read back field by field
+    struct SectionRead {
+        TextReadStatus status;
+        QByteArray edited;
+    };
+    QHash<QPair<QString, quint16>, SectionRead> sectionReads; // by section name and table id
     for (int i = 0; i < image.blockCount(); ++i) {
         const ImageBlock& entry = image.block(i);
         const BlockKindInfo kind = image.kindOf(i);
@@ -324,10 +329,17 @@ ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationTex
             plan.blocks.append(block);
             continue;
         }
-        std::istringstream in(sections.body(name).toStdString());
-        QByteArray edited;
-        const TextReadStatus status =
-            inWholeText(table->read(in, edited), sections.linesBefore(name));
+        // Blocks of one class and name read the same section: it is read for the first alone.
+        const QPair<QString, quint16> key(name, table->id);
+        auto read = sectionReads.find(key);
+        if (read == sectionReads.end()) {
+            std::istringstream in(sections.body(name).toStdString());
+            SectionRead fresh;
+            fresh.status = inWholeText(table->read(in, fresh.edited), sections.linesBefore(name));
+            read = sectionReads.insert(key, fresh);
+        }
+        const TextReadStatus& status = read->status;
+        const QByteArray& edited = read->edited;
         if (!status.ok()) {
             plan.ok = false;
             plan.error = QStringLiteral("section %1, %2")
