@@ -9,7 +9,7 @@ TOOL = $(BUILD)/tools/epromtool/epromtool
 # Rebuilds go through ccache where it is installed.
 CCACHE := $(shell command -v ccache >/dev/null 2>&1 && echo -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 
-.PHONY: all deps configure build test asan test-bigendian fuzz-deps fuzz-build fuzz fuzz-merge run examples goldens bench bench-batch bench-device format clean
+.PHONY: all deps configure build test asan test-bigendian fuzz-deps fuzz-build fuzz fuzz-merge run examples goldens bench bench-batch bench-device bench-import format clean
 
 all: build
 
@@ -140,6 +140,11 @@ bench-batch: build
 # whole image: pages, bytes and seconds of each, and their ratio.
 bench-device: build
 	/usr/bin/python3 bench/device_bench.py $(TOOL) examples/sample.eeprom
+
+# Whole-process timings of `import --dry-run` of a 4 MiB and a 16 MiB image's own export against
+# the export itself: seconds, their ratio and the goal (within 5x at 16 MiB).
+bench-import: build
+	/usr/bin/python3 bench/import_bench.py $(TOOL)
 
 format:
 	clang-format -i $$(git ls-files '*.h' '*.cpp')
