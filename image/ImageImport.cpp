@@ -22,10 +22,10 @@ QString counts(quint32 rows, quint32 cols) {
     return QStringLiteral("%1*%2").arg(rows).arg(cols);
 }
 
-// The sections of a calibration file. A section opens with a line whose first word begins
-// "ID:" and runs up to the next such line or the end of the text; the name behind "ID:" is its
-// key, and only the first section of each name is read. The text is walked once, so that every
-// block reads its own section and nothing of the rest.
+// The sections of a calibration file. A section opens with a line that starts with "ID:"
+// (blanks in front allowed) and runs up to the next such line or the end of the text; the rest
+// of its "ID:" line is its name, and only the first section of each name is read. The text is
+// walked once, so that every block reads its own section and nothing of the rest.
 struct Sections {
     struct Section {
         QString name;
@@ -139,7 +139,7 @@ QStringList sectionBody(const QByteArray& section) {
     const QList<QByteArray> lines = section.split('\n');
     for (int i = 1; i < lines.size(); ++i) {
         const QByteArray trimmed = lines[i].trimmed();
-        if (trimmed.isEmpty() || trimmed.startsWith('#') || trimmed.startsWith("ID:"))
+        if (trimmed.isEmpty() || trimmed.startsWith('#'))
             break;
         body << QString::fromLatin1(lines[i]);
     }
