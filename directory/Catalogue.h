@@ -3,6 +3,7 @@
 #pragma once
 
 #include "BlockCatalogue.h"
+#include "EpromDatablockGlobal.h"
 #include "blocks/RecordSchema.h"
 #include "directory/OldStyleKinds.h"
 
@@ -56,12 +57,13 @@ struct Entry {
     bool inDirectory() const { return kind != BlockKind::Unknown; }
 };
 
+// Exported for the test suite, which holds the block lists against each other.
 // The entry of `id`, or nullptr; a constant-time lookup.
-const Entry* find(quint16 id);
+EPROMDATABLOCK_EXPORT const Entry* find(quint16 id);
 // Every entry, ascending by id.
-const std::vector<Entry>& entries();
+EPROMDATABLOCK_EXPORT const std::vector<Entry>& entries();
 // Every row of the calibration table list that has an object per id, in list order.
-const std::vector<TableFacts>& tables();
+EPROMDATABLOCK_EXPORT const std::vector<TableFacts>& tables();
 
 } // namespace catalogue
 } // namespace Tupsim
