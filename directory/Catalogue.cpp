@@ -180,7 +180,7 @@ private:
 const Catalogue& catalogue() {
     static const Catalogue instance = [] {
         // The core converts through the directory's converters: installed before first use.
-        oldstyle::installConverters();
+        oldstyle::ensureConverters();
         return Catalogue();
     }();
     return instance;

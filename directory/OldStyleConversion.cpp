@@ -25,9 +25,15 @@ void installConverters() {
     conversion::install({&convertById, &reverseElements});
 }
 
+void ensureConverters() {
+    static const bool installed = (installConverters(), true);
+    (void)installed;
+}
+
 namespace {
-// At load; the catalogue installs them again on its first use, whatever the order of static
-// initialisation.
+// At load. The catalogue and the self-describing block ensure them again on first use, so that
+// neither the order of static initialisation nor a static link that leaves this file's
+// initialiser out can keep them from the core.
 const bool installedAtLoad = (installConverters(), true);
 } // namespace
 

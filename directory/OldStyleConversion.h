@@ -13,6 +13,8 @@ bool convertById(HwEDataFormatTyp format, int id, HwDatablock& block);
 
 // Hands the core the per-id conversion and the generic pass over self-describing images.
 void installConverters();
+// The same, done once per process: cheap enough for a constructor.
+void ensureConverters();
 
 } // namespace oldstyle
 } // namespace Tupsim
