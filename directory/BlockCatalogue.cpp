@@ -19,16 +19,12 @@ bool selfDescribing(quint16 id) {
 } // namespace
 
 BlockKindInfo describe(quint16 id) {
+    const catalogue::Entry* entry = catalogue::find(id);
+    if (entry != nullptr && entry->inDirectory())
+        return entry->info;
     BlockKindInfo info;
     info.id = id;
-    const catalogue::Entry* entry = catalogue::find(id);
-    if (entry != nullptr && entry->inDirectory()) {
-        info.className = entry->className;
-        info.textId = entry->textId;
-        info.kind = entry->kind;
-        info.tableTemplate = entry->form;
-        info.readsBack = entry->readsBack;
-    } else if (selfDescribing(id)) {
+    if (selfDescribing(id)) {
         info.className = "HwDatablock2Edition";
         info.textId = "USER_" + std::to_string(id);
         info.kind = BlockKind::SelfDescribing;
@@ -39,7 +35,7 @@ BlockKindInfo describe(quint16 id) {
 BlockKind kindOf(quint16 id) {
     if (const catalogue::Entry* entry = catalogue::find(id))
         if (entry->inDirectory())
-            return entry->kind;
+            return entry->info.kind;
     return selfDescribing(id) ? BlockKind::SelfDescribing : BlockKind::Unknown;
 }
 
@@ -47,7 +43,7 @@ std::vector<quint16> knownIds() {
     std::vector<quint16> ids;
     for (const catalogue::Entry& entry : catalogue::entries())
         if (entry.inDirectory())
-            ids.push_back(entry.id);
+            ids.push_back(entry.id());
     return ids;
 }
 

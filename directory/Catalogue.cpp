@@ -61,16 +61,16 @@ public:
             if (Entry* entry = at(row.id))
                 entry->table = entry->table != nullptr ? entry->table : &row;
             else
-                store(tableEntry(row, false)).kind = BlockKind::Unknown;
+                store(tableEntry(row, false)).info.kind = BlockKind::Unknown;
         for (const TableFacts& row : tableRows)
             if (row.axisId != 0)
                 if (Entry* axis = at(row.axisId))
                     axis->isAxis = true;
         std::sort(all.begin(), all.end(),
-                  [](const Entry& a, const Entry& b) { return a.id < b.id; });
+                  [](const Entry& a, const Entry& b) { return a.id() < b.id(); });
         slot.fill(-1);
         for (std::size_t i = 0; i < all.size(); ++i)
-            slot[all[i].id] = static_cast<int>(i);
+            slot[all[i].id()] = static_cast<int>(i);
     }
 
     const Entry* find(quint16 id) const {
@@ -95,12 +95,12 @@ public:
     }
     template <class Class> void misc(int id, const char* className, const char* textId) {
         Entry entry;
-        entry.id = static_cast<quint16>(id);
-        entry.className = className;
-        entry.textId = textId;
-        entry.kind = BlockKind::CalibrationTable;
+        entry.info.id = static_cast<quint16>(id);
+        entry.info.className = className;
+        entry.info.textId = textId;
+        entry.info.kind = BlockKind::CalibrationTable;
         const TableShape shape = tableShape<Class>();
-        entry.form = shape.form;
+        entry.info.tableTemplate = shape.form;
         entry.maxRows = shape.rows;
         entry.maxCols = shape.cols;
         entry.countsOffset = countsOffset<Class>();
@@ -116,7 +116,7 @@ public:
     template <class RuleClass> void conversionOnly(int first, int last, oldstyle::Factory make) {
         for (int id = first; id <= last; ++id) {
             Entry entry;
-            entry.id = static_cast<quint16>(id);
+            entry.info.id = static_cast<quint16>(id);
             entry.conversion = {make, &oldstyle::tableRule<RuleClass>};
             store(std::move(entry));
         }
@@ -133,39 +133,39 @@ private:
     }
     // The first row of an id wins: a later one is dropped, and nullptr returned.
     Entry* storeNew(Entry entry) {
-        if (slot[entry.id] >= 0)
+        if (slot[entry.info.id] >= 0)
             return nullptr;
-        slot[entry.id] = static_cast<int>(all.size());
+        slot[entry.info.id] = static_cast<int>(all.size());
         all.push_back(std::move(entry));
         return &all.back();
     }
     Entry& store(Entry entry) {
-        const quint16 id = entry.id;
+        const quint16 id = entry.info.id;
         Entry* stored = storeNew(std::move(entry));
         return stored != nullptr ? *stored : *at(id);
     }
     template <class Class>
     Entry* plain(int id, const char* className, BlockKind kind, const char* textId) {
         Entry entry;
-        entry.id = static_cast<quint16>(id);
-        entry.className = className;
-        entry.textId = textIdOf(textId, id);
-        entry.kind = kind;
+        entry.info.id = static_cast<quint16>(id);
+        entry.info.className = className;
+        entry.info.textId = textIdOf(textId, id);
+        entry.info.kind = kind;
         entry.make = &oldstyle::create<Class>;
         entry.schema = records::schemaOf<Class>();
         return storeNew(std::move(entry));
     }
     Entry tableEntry(const TableFacts& row, bool converted) const {
         Entry entry;
-        entry.id = row.id;
-        entry.className = row.className;
-        entry.textId = row.textId;
-        entry.kind = BlockKind::CalibrationTable;
-        entry.form = row.form;
+        entry.info.id = row.id;
+        entry.info.className = row.className;
+        entry.info.textId = row.textId;
+        entry.info.kind = BlockKind::CalibrationTable;
+        entry.info.tableTemplate = row.form;
         entry.maxRows = row.maxRows;
         entry.maxCols = row.maxCols;
         entry.countsOffset = row.countsOffset;
-        entry.readsBack = row.readsBack;
+        entry.info.readsBack = row.readsBack;
         entry.make = row.recipe.make;
         entry.axisId = row.axisId;
         entry.table = &row;

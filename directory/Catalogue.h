@@ -32,16 +32,12 @@ struct TableFacts {
 };
 
 struct Entry {
-    quint16 id = 0;
-    const char* className = "HwDatablock";
-    std::string textId; // behind "ID:" in the block's section; empty when it prints none
-    // Unknown for an id that is only converted: it has no prototype in the directory.
-    BlockKind kind = BlockKind::Unknown;
-    TableTemplate form = TableTemplate::None;
+    // What the public block catalogue tells of the id. Its kind is Unknown for an id that is
+    // only converted: it has no prototype in the directory.
+    BlockKindInfo info;
     quint32 maxRows = 0; // capacity of a table; 0 for any other kind
     quint32 maxCols = 0;
     int countsOffset = -1; // of a table's row count; -1 for any other kind
-    bool readsBack = false;
     oldstyle::Factory make = nullptr;
     const char* idString = nullptr; // what the factory takes: the misc-data tables' name
     bool keepImage = false;         // the prototype keeps its own size: the end block alone
@@ -54,7 +50,8 @@ struct Entry {
     // which the directory keeps with the rear phase class although the table list also names it.
     const TableFacts* table = nullptr;
 
-    bool inDirectory() const { return kind != BlockKind::Unknown; }
+    quint16 id() const { return info.id; }
+    bool inDirectory() const { return info.known(); }
 };
 
 // Exported for the test suite, which holds the block lists against each other.

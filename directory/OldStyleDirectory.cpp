@@ -29,13 +29,13 @@ void fillDirectory(IdHwDatablockOldStyleClassDict& dict) {
     for (const catalogue::Entry& entry : catalogue::entries()) {
         if (!entry.inDirectory())
             continue;
-        std::unique_ptr<HwDatablock> prototype(entry.make(entry.id, entry.idString));
+        std::unique_ptr<HwDatablock> prototype(entry.make(entry.id(), entry.idString));
         if (!entry.keepImage) {
             prototype->resizeData(
                 header::Size); // one object per id: each is kept small until it prints
             releaseSpareCapacity(*prototype);
         }
-        if (dict.insert({entry.id, prototype.get()}).second)
+        if (dict.insert({entry.id(), prototype.get()}).second)
             prototype.release();
     }
 }

@@ -50,7 +50,8 @@ void exercise(HwDatablock& block, bool print) {
 // name more than the printers' limit, which they bound by the image.
 bool printable(quint16 id, const QByteArray& image) {
     const catalogue::Entry* entry = catalogue::find(id);
-    if (entry == nullptr || !entry->inDirectory() || entry->form == TableTemplate::None)
+    if (entry == nullptr || !entry->inDirectory() ||
+        entry->info.tableTemplate == TableTemplate::None)
         return true;
     const int at = entry->countsOffset;
     // A count word that the image holds only in part reads as 0, as the class reads it.

@@ -254,7 +254,8 @@ bool isAxis(quint16 id) {
 QString overCapacity(quint16 id, const unsigned char* block, std::size_t size) {
     // The table list's class where it names the id, else the directory's misc-data table.
     const catalogue::Entry* entry = catalogue::find(id);
-    if (entry == nullptr || (entry->table == nullptr && entry->form != TableTemplate::Misc))
+    if (entry == nullptr ||
+        (entry->table == nullptr && entry->info.tableTemplate != TableTemplate::Misc))
         return QString();
     const quint32 maxRows = entry->table ? entry->table->maxRows : entry->maxRows;
     const quint32 maxCols = entry->table ? entry->table->maxCols : entry->maxCols;

@@ -116,6 +116,6 @@ TEST(BlockCatalogue, TextIdsAreWhatTheClassesPrintAndClassesAreTheDirectorys) {
     for (const catalogue::TableFacts& row : catalogue::tables()) {
         const catalogue::Entry* entry = catalogue::find(row.id);
         ASSERT_TRUE(entry != nullptr && entry->table == &row) << row.id;
-        EXPECT_EQ(std::string(entry->className) == row.className, row.id != 14801) << row.id;
+        EXPECT_EQ(std::string(entry->info.className) == row.className, row.id != 14801) << row.id;
     }
 }
