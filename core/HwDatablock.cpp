@@ -1,6 +1,7 @@
 // The block record: header accessors, data transfers and the hexadecimal dump.
 #include "HwDatablock.h"
 
+#include "core/BlockHeader.h"
 #include "core/HwBytes.h"
 
 #include <climits>
@@ -25,23 +26,23 @@ HwDatablock& HwDatablock::operator=(const HwDatablock& other) = default;
 HwDatablock::~HwDatablock() = default;
 
 unsigned int HwDatablock::getId() {
-    return bytes::getLE<quint16>(data, 0);
+    return bytes::getLE<quint16>(data, header::IdOffset);
 }
 
 unsigned short HwDatablock::getBlockSize() {
     if (data.size() < 4)
         return 0;
-    if (bytes::getLE<quint16>(data, 0) == 0xFFFF)
-        return 4;
-    return bytes::getLE<quint16>(data, 2);
+    if (bytes::getLE<quint16>(data, header::IdOffset) == header::EndId)
+        return header::EndSize;
+    return bytes::getLE<quint16>(data, header::SizeOffset);
 }
 
 unsigned short HwDatablock::getChecksum() {
-    return bytes::getLE<quint16>(data, 4);
+    return bytes::getLE<quint16>(data, header::ChecksumOffset);
 }
 
 unsigned short HwDatablock::getAlignment() {
-    return bytes::getLE<quint16>(data, 6);
+    return bytes::getLE<quint16>(data, header::AlignmentOffset);
 }
 
 char* HwDatablock::getData() {
@@ -89,25 +90,25 @@ void HwDatablock::refreshChecksum() {
 }
 
 void HwDatablock::setBlockId(unsigned short id) {
-    if (bytes::putLE<quint16>(data, 0, id))
+    if (bytes::putLE<quint16>(data, header::IdOffset, id))
         refreshChecksum();
 }
 
 void HwDatablock::setBlockSize(unsigned short size) {
-    if (bytes::putLE<quint16>(data, 2, size))
+    if (bytes::putLE<quint16>(data, header::SizeOffset, size))
         refreshChecksum();
 }
 
 void HwDatablock::setBlockSizeWithoutCalcChecksumm(unsigned short size) {
-    bytes::putLE<quint16>(data, 2, size);
+    bytes::putLE<quint16>(data, header::SizeOffset, size);
 }
 
 void HwDatablock::setChecksum(unsigned short checksum) {
-    bytes::putLE<quint16>(data, 4, checksum);
+    bytes::putLE<quint16>(data, header::ChecksumOffset, checksum);
 }
 
 void HwDatablock::setAlignment(unsigned short alignment) {
-    if (bytes::putLE<quint16>(data, 6, alignment))
+    if (bytes::putLE<quint16>(data, header::AlignmentOffset, alignment))
         refreshChecksum();
 }
 

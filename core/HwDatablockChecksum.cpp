@@ -1,12 +1,13 @@
 // The 16-bit block checksum and the CRC-32, both taken over the reference form of an image.
 #include "HwDatablock.h"
 
-#include "HwDatablockOldStyleInterpreter.h"
 #include "HwDebug.h"
 #include "HwError.h"
 #include "IDebugServer.h"
+#include "core/BlockHeader.h"
 #include "core/Checks.h"
 #include "core/ConversionScope.h"
+#include "core/Converters.h"
 #include "core/HwBytes.h"
 
 #include <algorithm>
@@ -68,7 +69,8 @@ public:
         const bool genericBack = copy->verifyChecksum32();
         if (copy->getDatablockClassTyp() != classBefore)
             block.setDatablockClassTyp(copy->getDatablockClassTyp());
-        const bool genericThere = original == HwDataFormatConverted && id >= 20000;
+        const bool genericThere =
+            original == HwDataFormatConverted && id >= header::FirstSelfDescribingId;
         if (genericBack && genericThere) {
             takeHeaderWrites(); // the generic pass is its own inverse
         } else if (genericBack) {
@@ -76,7 +78,7 @@ public:
             block.*image = (*copy).*image;
             block.setDataFormatTyp(original);
         } else {
-            HwDatablockOldStyleInterpreter::swapHwDatablock(original, id, &*copy);
+            conversion::convertById(original, id, *copy);
             block.setDataWithoutChecksumCheck(&*copy);
         }
         copy.reset();
@@ -88,7 +90,8 @@ private:
     void takeHeaderWrites() {
         const QByteArray& lent = (*copy).*image;
         QByteArray& own = block.*image;
-        const int end = std::min({lent.size(), own.size(), 12});
+        const int end =
+            std::min({lent.size(), own.size(), static_cast<int>(header::Crc32Offset + 4)});
         for (int i = 0; i < end; ++i)
             if (own.at(i) != lent.at(i))
                 own[i] = lent.at(i);
@@ -193,8 +196,9 @@ unsigned int HwDatablock::getChecksum32() {
         return 0;
     // The field may reach past a short image: the missing bytes count as zero.
     unsigned char field[4] = {0, 0, 0, 0};
-    for (int i = 0; i < 4 && 8 + i < data.size(); ++i)
-        field[i] = static_cast<unsigned char>(data.at(8 + i));
+    const int at = static_cast<int>(header::Crc32Offset);
+    for (int i = 0; i < 4 && at + i < data.size(); ++i)
+        field[i] = static_cast<unsigned char>(data.at(at + i));
     return bytes::getLE<quint32>(reinterpret_cast<const char*>(field), 4, 0);
 }
 

@@ -1,12 +1,9 @@
-// Byte-order conversion: scalar hooks, the generic pass over self-describing images (the one walk
-// of their layout, reversing elements as it meets them), and the choice between the generic pass
-// and the per-id conversion.
+// Byte-order conversion: scalar hooks and the choice between the generic pass over
+// self-describing images and the per-id conversion, both installed by the block directory.
 #include "HwDatablock.h"
 
-#include "HwDatablockOldStyleInterpreter.h"
-#include "core/ElementTypes.h"
-#include "directory/SelfDescribingLayout.h"
-#include "directory/TableWalk.h"
+#include "core/BlockHeader.h"
+#include "core/Converters.h"
 
 #include <algorithm>
 
@@ -22,14 +19,6 @@ template <typename T> void reverseInPlace(T& value) {
 #else
 template <typename T> void reverseInPlace(T&) {}
 #endif
-
-// Reverses one element in place when its type's rule says so.
-void reverseElement(void* image, std::uint64_t offset, std::uint64_t width, quint32 type) {
-    if (elements::of(type).order != elements::Order::Reverse)
-        return;
-    unsigned char* p = static_cast<unsigned char*>(image) + offset;
-    std::reverse(p, p + width);
-}
 
 } // namespace
 
@@ -78,12 +67,8 @@ void HwDatablock::swapBlock(HwEDataFormatTyp target, unsigned short, HwDatablock
 void HwDatablock::swapBlock(HwEDataFormatTyp, char* bytes, unsigned short length) {
     if (bytes == nullptr)
         return;
-    // Reversing is its own inverse, so the target does not change the walk. Header and table
-    // words, type bytes and padding are left as they are; every step is bounded by `length`.
-    unsigned char* image = reinterpret_cast<unsigned char*>(bytes);
-    TableWalk walk(image, length, layout::PadUnit);
-    walk.visitElements(reverseElement, image);
-    walk.walkTables(layout::FirstTableOffset);
+    // Reversing is its own inverse, so the target does not change the pass.
+    conversion::convertSelfDescribing(reinterpret_cast<unsigned char*>(bytes), length);
 }
 
 void HwDatablock::swapDataTo(HwEDataFormatTyp target, unsigned short id, HwDatablock* block) {
@@ -96,14 +81,14 @@ void HwDatablock::swapDataTo(HwEDataFormatTyp target, unsigned short id, HwDatab
     if (current == HwDataFormatReference)
         selfDescribing = block->verifyChecksum32(); // in the reference form only the CRC tells
     else if (current == HwDataFormatConverted)
-        selfDescribing = block->getId() >= 20000;
+        selfDescribing = block->getId() >= header::FirstSelfDescribingId;
     if (selfDescribing) {
         QByteArray& image = block->data;
         swapBlock(target, image.data(), static_cast<unsigned short>(image.size()));
         block->setDataFormatTyp(target);
         return;
     }
-    HwDatablockOldStyleInterpreter::swapHwDatablock(target, id, block);
+    conversion::convertById(target, id, *block);
 }
 
 } // namespace Tupsim

@@ -4,6 +4,7 @@
 #include "core/ElementTypes.h"
 #include "core/HwBytes.h"
 #include "directory/ElementText.h"
+#include "directory/OldStyleConversion.h"
 #include "directory/SelfDescribingLayout.h"
 
 #include <algorithm>
@@ -12,6 +13,7 @@
 namespace Tupsim {
 
 HwDatablock2Edition::HwDatablock2Edition() : HwDatablock(true) {
+    oldstyle::ensureConverters(); // its conversion is the directory's generic pass
     image().fill('\0', 12);
     bytes::putLE<quint16>(image(), 2, 12);
 }

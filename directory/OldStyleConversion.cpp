@@ -1,62 +1,41 @@
-// The per-id byte-order conversion of the old-style blocks: which ids convert, and by which
-// class's rule. It is narrower than the directory on purpose: 299, the calibration blocks below
-// 15690 and the misc-data tables have no rule here, while 15853-15862 have one but no prototype.
+// The per-id byte-order conversion of the old-style blocks: the catalogue says which ids convert,
+// and by which class's rule. It is narrower than the directory on purpose: 299, the calibration
+// blocks below 15690 and the misc-data tables have no rule, while 15853-15862 have one but no
+// prototype.
 #include "directory/OldStyleConversion.h"
 
-#include "EpromDatablock.h"
-#include "directory/TableCatalogue.h"
+#include "core/Converters.h"
+#include "directory/Catalogue.h"
+#include "directory/TableWalk.h"
 
 namespace Tupsim {
 namespace oldstyle {
 
-namespace {
-
-enum : int { LevconTempDataFirstId = HwDatablockTeshVectorLevconTempData::BlockId };
-
-// One object per temperature table: the id tells the instance.
-HwDatablock* createLevconTempData(int id, const char*) {
-    return new HwDatablockTeshVectorLevconTempData("VECTOR_LEVCON_TEMP_DATA",
-                                                   id - LevconTempDataFirstId, false);
-}
-
-struct Row {
-    int first;
-    int last;
-    // nullptr: the rule of the catalogue row of that id, for the ids the catalogue has.
-    Factory make;
-    Rule rule;
-};
-
-#define EPROM_BLOCKS_CONVERTED(first, last, Class, Kind, TextId, RuleClass)                        \
-    {first, last, create<Class>, ownRule<RuleClass>},
-#define EPROM_BLOCKS_TABLES(first, last, Converted)                                                \
-    {first, Converted ? last : first - 1, nullptr, nullptr},
-#define EPROM_BLOCKS_CONVERSION_ONLY(first, last, Factory, RuleClass)                              \
-    {first, last, Factory, tableRule<RuleClass>},
-
-// Rows with last < first convert nothing: they stand for table ranges without a rule.
-const Row kRows[] = {
-#include "directory/OldStyleBlocks.def"
-};
-
-} // namespace
-
 bool convertById(HwEDataFormatTyp format, int id, HwDatablock& block) {
-    for (const Row& row : kRows) {
-        if (id < row.first || id > row.last)
-            continue;
-        if (row.make != nullptr) {
-            convertThrough({row.make, row.rule}, id, format, block);
-            return true;
-        }
-        const CatalogueEntry* entry = findInCatalogue(id);
-        if (entry == nullptr)
-            return false;
-        convertThrough(entry->recipe, id, format, block);
-        return true;
-    }
-    return false;
+    if (id < 0 || id > 0xFFFF)
+        return false;
+    const catalogue::Entry* entry = catalogue::find(static_cast<quint16>(id));
+    if (entry == nullptr || entry->conversion.rule == nullptr)
+        return false;
+    convertThrough(entry->conversion, id, format, block);
+    return true;
 }
+
+void installConverters() {
+    conversion::install({&convertById, &reverseElements});
+}
+
+void ensureConverters() {
+    static const bool installed = (installConverters(), true);
+    (void)installed;
+}
+
+namespace {
+// At load. The catalogue and the self-describing block ensure them again on first use, so that
+// neither the order of static initialisation nor a static link that leaves this file's
+// initialiser out can keep them from the core.
+const bool installedAtLoad = (installConverters(), true);
+} // namespace
 
 } // namespace oldstyle
 } // namespace Tupsim

@@ -392,3 +392,27 @@ void TableWalk::valueByte(unsigned char byte, bool last) {
 }
 
 } // namespace Tupsim
+
+namespace Tupsim {
+
+namespace {
+
+// Reverses one element in place when its type's rule says so.
+void reverseElement(void* image, std::uint64_t offset, std::uint64_t width, quint32 type) {
+    if (elements::of(type).order != elements::Order::Reverse)
+        return;
+    unsigned char* p = static_cast<unsigned char*>(image) + offset;
+    std::reverse(p, p + width);
+}
+
+} // namespace
+
+void reverseElements(unsigned char* image, std::uint64_t length) {
+    // Header and table words, type bytes and padding are left as they are; every step is
+    // bounded by `length`.
+    TableWalk walk(image, length, layout::PadUnit);
+    walk.visitElements(reverseElement, image);
+    walk.walkTables(layout::FirstTableOffset);
+}
+
+} // namespace Tupsim

@@ -111,4 +111,9 @@ private:
     unsigned int blockIndex = 0;
 };
 
+// The generic byte-order pass over a self-describing image: one walk of its layout that reverses
+// each element as it meets it (fixed-length texts and STRINGs stay as they are). Reversing is its
+// own inverse, so the same pass serves both directions.
+void reverseElements(unsigned char* image, std::uint64_t length);
+
 } // namespace Tupsim

@@ -1,12 +1,12 @@
-// Every table class of the library (the catalogue's and the misc-data tables), with its capacity,
-// as a list of actions that the fuzz targets and the seed maker instantiate per class.
+// Every table class of the library (the catalogue's and the misc-data tables), as a list of
+// actions that the fuzz targets and the seed maker instantiate per class, in the order of the
+// block lists; the capacity is the catalogue's rule.
 #pragma once
 
-#include <HwCalibTableBlocks.h>
+#include "directory/CatalogueRows.h"
+#include "directory/TableTraits.h"
 
-#include "templates/HwDatablockTemplate.h"
-#include "templates/HwDatablockTemplateWithoutChecksum.h"
-
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -14,68 +14,46 @@ namespace fuzz {
 
 using namespace Tupsim;
 
-struct Capacity {
-    unsigned int rows;
-    unsigned int cols;
-};
+using Capacity = catalogue::TableShape;
 
-template <typename R, typename V, unsigned int Rows, unsigned int Cols>
-Capacity capacityOf(HwDatablockBaseTemplate<R, V, Rows, Cols>*) {
-    return {Rows, Cols};
-}
-template <typename R, typename V, unsigned int Rows, unsigned int Cols>
-Capacity capacityOf(HwDatablockBaseTemplateIndex<R, V, Rows, Cols>*) {
-    return {Rows, Cols};
-}
-template <typename R, typename V, unsigned int D, unsigned int Rows, unsigned int Cols>
-inline Capacity capacityOf(HwDatablockBaseTemplateExtended<R, V, D, Rows, Cols>*) {
-    return {Rows, Cols};
-}
-template <typename R, typename V, unsigned int Rows, unsigned int Cols>
-Capacity capacityOf(HwDatablockBaseTemplateWexW<R, V, Rows, Cols>*) {
-    return {Rows, Cols};
-}
-template <class D, typename R, typename V, unsigned int Rows, unsigned int Cols, bool K>
-inline Capacity capacityOf(HwDatablockMiscTemplate<D, R, V, Rows, Cols, K>*) {
-    return {Rows, Cols};
+template <class Block> constexpr Capacity capacityOf() {
+    return catalogue::tableShape<Block>();
 }
 
-using TableAction = void (*)(const std::string&);
+using TableAction = std::function<void(const std::string&)>;
 
 inline char* wexwName() {
     static char name[] = "WEXW_IQ_RF_IMBALANCE";
     return name;
 }
 
-// One entry per class, in a fixed order: Action::run<Class>(argument, make), where make()
-// returns a new block of the class.
+// One action per class: Action::run<Class>(argument, make), where make() returns a new block of
+// the class.
+template <class Action> struct ActionCollector : catalogue::IgnoreRows {
+    std::vector<TableAction> actions;
+    template <class Class> void table(const catalogue::TableRow&) {
+        actions.push_back([](const std::string& a) {
+            Action::template run<Class>(a, [] { return new Class(false); });
+        });
+    }
+    template <class Class> void namedTable(quint16) {
+        actions.push_back([](const std::string& a) {
+            Action::template run<Class>(a, [] { return new Class(wexwName(), 0, false); });
+        });
+    }
+    template <class Class> void misc(int id, const char*, const char* textId) {
+        actions.push_back([id, textId](const std::string& a) {
+            Action::template run<Class>(
+                a, [id, textId] { return new Class(textId, id, 0, 1.0, false); });
+        });
+    }
+};
+
 template <class Action> std::vector<TableAction> tableActions() {
-#define EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor, Axis)                           \
-    [](const std::string& a) { Action::template run<Class>(a, [] { return new Class(false); }); },
-#define EPROM_TABLE_BLOCK_TCXO(Class, Template, Args, Name, Id, Factor, Axis)                      \
-    EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor, Axis)
-#define EPROM_TABLE_BLOCK_HEADED(Class, Template, Args, Name, Id, Factor, Title, Key, Limit,       \
-                                 Message, RowsMessage, OwnPrint, Axis)                             \
-    EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor, Axis)
-#define EPROM_TABLE_BLOCK_NAMED(Class, Template, Args, NameType, Id, Factor, Axis)                 \
-    [](const std::string& a) {                                                                     \
-        Action::template run<Class>(a, [] { return new Class(wexwName(), 0, false); });            \
-    },
-#define EPROM_BLOCKS_MISC(id, Rows, Cols, TextId)                                                  \
-    [](const std::string& a) {                                                                     \
-        using Misc = HwDatablockTemplate<MiscData<int, Rows, Cols>, int, double, Rows, Cols>;      \
-        Action::template run<Misc>(a, [] { return new Misc(TextId, id, 0, 1.0, false); });         \
-    },
-#define EPROM_BLOCKS_COUNTER_BYTES(id, TextId)                                                     \
-    [](const std::string& a) {                                                                     \
-        using Bytes = HwDatablockTemplateWithoutChecksum<MiscData<unsigned char, 1, 2048>,         \
-                                                         unsigned char, double, 1, 2048>;          \
-        Action::template run<Bytes>(a, [] { return new Bytes(TextId, id, 0, 1.0, false); });       \
-    },
-    return {
-#include "HwCalibTableBlocks.def"
-#include "directory/OldStyleBlocks.def"
-    };
+    ActionCollector<Action> collector;
+    catalogue::visitTableRows(collector);
+    catalogue::visitDirectoryRows(collector);
+    return collector.actions;
 }
 
 } // namespace fuzz

@@ -5,7 +5,8 @@
 #include <BlockCatalogue.h>
 #include <HwDatablockOldStyleInterpreter.h>
 
-#include "image/TableKinds.h"
+#include "core/BlockHeader.h"
+#include "directory/Catalogue.h"
 #include "templates/TextFormat.h"
 
 #include <algorithm>
@@ -48,10 +49,11 @@ void exercise(HwDatablock& block, bool print) {
 // whose counts name at most 65,536 cells (every capacity and more) and every one whose counts
 // name more than the printers' limit, which they bound by the image.
 bool printable(quint16 id, const QByteArray& image) {
-    if (blockCatalogue::describe(id).tableTemplate == TableTemplate::None)
+    const catalogue::Entry* entry = catalogue::find(id);
+    if (entry == nullptr || !entry->inDirectory() ||
+        entry->info.tableTemplate == TableTemplate::None)
         return true;
-    const tableKinds::TableKind* kind = tableKinds::find(id);
-    const int at = kind != nullptr ? kind->countsOffset : 8; // misc-data tables count at 8
+    const int at = entry->countsOffset;
     // A count word that the image holds only in part reads as 0, as the class reads it.
     const auto count = [&image](int from) {
         quint32 value = 0;
@@ -76,8 +78,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     // The block's own id when a class of the directory knows it, else (or when the input asks
     // for it) the id the selector picks, written into the header.
     const quint16 own = image.size() >= 2 ? quint16(quint8(image[0]) | quint8(image[1]) << 8) : 0;
-    const bool keepOwn =
-        !(flags & 1) && own < 20000 && blockCatalogue::kindOf(own) != BlockKind::Unknown;
+    const bool keepOwn = !(flags & 1) && own < header::FirstSelfDescribingId &&
+                         blockCatalogue::kindOf(own) != BlockKind::Unknown;
     const quint16 id = keepOwn ? own : ids()[selector % ids().size()];
     if (!keepOwn && image.size() >= 2) {
         image[0] = static_cast<char>(id & 0xFF);

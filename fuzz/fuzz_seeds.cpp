@@ -2,6 +2,7 @@
 // every known id, each table class's printout, self-describing blocks of every element type, and
 // the sample image with its calibration file. Usage: fuzz_seeds SAMPLE.eeprom SAMPLE.cal OUTDIR
 #include "TableClasses.h"
+#include "core/BlockHeader.h"
 
 #include <BlockCatalogue.h>
 #include <CommonDatablockAccess.h>
@@ -44,7 +45,7 @@ QByteArray le16(unsigned value) {
 // A table of two rows and three columns (as far as the class holds them), printed.
 struct SeedAction {
     template <class Block, class Make> static void run(const std::string&, Make make) {
-        const fuzz::Capacity capacity = fuzz::capacityOf(static_cast<Block*>(nullptr));
+        const fuzz::Capacity capacity = fuzz::capacityOf<Block>();
         std::unique_ptr<Block> block(make());
         const unsigned rows = std::min(2u, capacity.rows);
         const unsigned cols = std::min(3u, capacity.cols);
@@ -105,7 +106,7 @@ int main(int argc, char** argv) {
         const QByteArray block = image.blockBytes(i);
         const QString name = QString("sample_%1_%2").arg(i).arg(image.block(i).id);
         writeSeed("block", name, QByteArray(3, '\0') + block);
-        if (image.block(i).id >= 20000)
+        if (image.block(i).id >= header::FirstSelfDescribingId)
             writeSeed("selfdescribing", name, QByteArray(1, '\1') + block);
         if (!image.block(i).isEnd)
             writeSeed("image", name,
@@ -124,7 +125,7 @@ int main(int argc, char** argv) {
         builder.addBlock(tableOf(type));
         builder.addBlock(tableOf(type == 1 ? 2 : 1));
         writeSeed("selfdescribing", QString("type_%1").arg(type),
-                  QByteArray(1, '\1') + builder.write(20000, 100));
+                  QByteArray(1, '\1') + builder.write(header::FirstSelfDescribingId, 100));
     }
     return 0;
 }

@@ -6,6 +6,8 @@
 #include <CommonDatablockAccess.h>
 #include <HwDatablock2Edition.h>
 
+#include "core/BlockHeader.h"
+
 #include <memory>
 #include <sstream>
 
@@ -102,7 +104,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     readEverything(*access);
 
     // What write builds from the walked tables walks back to the same tables.
-    const unsigned short id = static_cast<unsigned short>(20000 + (flags >> 4));
+    const unsigned short id =
+        static_cast<unsigned short>(header::FirstSelfDescribingId + (flags >> 4));
     const QByteArray written = access->write(id, 7);
     if (!written.isEmpty()) {
         std::unique_ptr<CommonDatablockAccess> again = walk(written, false);

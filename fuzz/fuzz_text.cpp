@@ -19,7 +19,7 @@ namespace {
 // Reads `text` into a fresh block; one that reads holds counts within its capacity, prints
 // without growing past what it holds, and reads its own printout back to the same counts.
 template <class Block, class Make> void readAs(const std::string& text, Make make) {
-    const fuzz::Capacity capacity = fuzz::capacityOf(static_cast<Block*>(nullptr));
+    const fuzz::Capacity capacity = fuzz::capacityOf<Block>();
     std::unique_ptr<Block> block(make());
     std::istringstream in(text);
     const TextReadStatus status = block->readSection(in, *block);

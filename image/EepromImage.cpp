@@ -3,8 +3,8 @@
 
 #include "HwDatablock.h"
 #include "ImageSource.h"
+#include "core/BlockHeader.h"
 #include "core/Checks.h"
-#include "core/HwBytes.h"
 #include "image/TableKinds.h"
 
 #include <QFile>
@@ -17,11 +17,6 @@
 namespace Tupsim {
 
 namespace {
-
-constexpr quint16 kEndId = 0xFFFF;
-constexpr int kHeaderSize = 8;
-constexpr int kEndBlockSize = 4;
-constexpr quint32 kEventCountMark = 0x452D0000;
 
 QString bytesText(int count) {
     return count == 1 ? QStringLiteral("1 byte") : QStringLiteral("%1 bytes").arg(count);
@@ -132,7 +127,6 @@ bool EepromImage::readFile(const QString& path, EepromImage& result, QString& re
 }
 
 void EepromImage::walk() {
-    using bytes::getLE;
     blocks.clear();
     broken.clear();
     used = 0;
@@ -152,36 +146,36 @@ void EepromImage::walk() {
         if (left == 0)
             return fail(offset,
                         QStringLiteral("no end block: the chain runs to the end of the image"));
-        if (left >= 2 && getLE<quint16>(image, offset) == kEndId) {
-            if (left < kEndBlockSize)
+        const header::BlockHeader head = header::read(image, static_cast<std::uint64_t>(offset));
+        if (left >= 2 && head.isEnd()) {
+            if (left < header::EndSize)
                 return fail(
                     offset,
                     QStringLiteral("end block cut short: %1 of 4 left").arg(bytesText(left)));
-            // The end block is FF FF 00 00; erased memory reads FF FF FF FF.
-            const quint16 endData = getLE<quint16>(image, offset + 2);
-            if (endData != 0)
-                return fail(
-                    offset,
-                    QStringLiteral("end block reads %1 instead of FF FF 00 00%2")
-                        .arg(QString::fromLatin1(
-                                 image.mid(offset, kEndBlockSize).toHex(' ').toUpper()),
-                             endData == 0xFFFF ? QStringLiteral(" (erased memory?)") : QString()));
+            // Erased memory reads FF FF FF FF.
+            if (!head.isIntactEnd())
+                return fail(offset,
+                            QStringLiteral("end block reads %1 instead of FF FF 00 00%2")
+                                .arg(QString::fromLatin1(
+                                         image.mid(offset, header::EndSize).toHex(' ').toUpper()),
+                                     head.size == 0xFFFF ? QStringLiteral(" (erased memory?)")
+                                                         : QString()));
             ImageBlock end;
             end.offset = offset;
-            end.id = kEndId;
-            end.size = kEndBlockSize;
+            end.id = head.id;
+            end.size = header::EndSize;
             end.isEnd = true;
             blocks.append(end);
-            used = offset + kEndBlockSize;
+            used = offset + header::EndSize;
             return;
         }
-        if (left < kHeaderSize)
+        if (left < header::Size)
             return fail(
                 offset,
                 QStringLiteral("block header cut short: %1 of 8 left").arg(bytesText(left)));
-        const quint16 id = getLE<quint16>(image, offset);
-        const quint16 size = getLE<quint16>(image, offset + 2);
-        if (size < kHeaderSize)
+        const quint16 id = head.id;
+        const quint16 size = head.size;
+        if (size < header::Size)
             return fail(offset, QStringLiteral("block %1 has size %2, less than its 8-byte header")
                                     .arg(id)
                                     .arg(size));
@@ -193,7 +187,7 @@ void EepromImage::walk() {
         entry.offset = offset;
         entry.id = id;
         entry.size = size;
-        entry.alignment = getLE<quint16>(image, offset + 6);
+        entry.alignment = head.alignment;
         check(entry);
         blocks.append(entry);
         offset += size;
@@ -201,27 +195,25 @@ void EepromImage::walk() {
 }
 
 void EepromImage::check(ImageBlock& entry) const {
+    const header::BlockHeader head = header::read(image, static_cast<std::uint64_t>(entry.offset));
     const unsigned char* block = at(image, entry.offset);
     const auto size = static_cast<std::size_t>(entry.size);
     entry.hasChecksum = true;
-    entry.storedChecksum = bytes::getLE<quint16>(image, entry.offset + 4);
-    const quint16 sum = checks::wordSum(block, size);
-    // The sum with the checksum word taken as 0, negated, is what the checksum should be.
-    entry.computedChecksum = static_cast<quint16>(-(sum - entry.storedChecksum));
-    entry.checksumOk = sum == 0;
+    entry.storedChecksum = head.checksum;
+    entry.computedChecksum = checks::blockChecksum(block, size);
+    entry.checksumOk = entry.computedChecksum == entry.storedChecksum;
 
     const BlockKind kind = blockCatalogue::kindOf(entry.id);
     if (kind == BlockKind::SelfDescribing) {
         entry.hasCrc = true;
-        entry.storedCrc = bytes::getLE<quint32>(image, entry.offset + 8);
+        entry.storedCrc = head.crc32;
         entry.computedCrc = checks::crc32Skipping4to11(block, size);
         if (entry.size <= 11)
             entry.crcOk = false;
         else if (entry.storedCrc == entry.computedCrc)
             entry.crcOk = true;
         else
-            entry.crcOk = entry.eventCounter =
-                entry.storedCrc == kEventCountMark + static_cast<quint32>(entry.size);
+            entry.crcOk = entry.eventCounter = head.holdsEventCountMark();
     }
     if (kind == BlockKind::CalibrationTable)
         entry.overCapacity = tableKinds::overCapacity(entry.id, at(image, entry.offset), size);
@@ -321,8 +313,8 @@ bool EepromImage::replaceBlocks(const QMap<int, QByteArray>& replacements, QStri
             error = QStringLiteral("there is no data block %1").arg(it.key());
             return false;
         }
-        if (block.size() < kHeaderSize || bytes::getLE<quint16>(block, 2) != block.size() ||
-            bytes::getLE<quint16>(block, 0) == kEndId) {
+        const header::BlockHeader head = header::read(block);
+        if (block.size() < header::Size || head.size != block.size() || head.isEnd()) {
             error = QStringLiteral("the new block %1 of %2 bytes is not a block image")
                         .arg(it.key())
                         .arg(block.size());

@@ -1,7 +1,7 @@
 // The block-by-block comparison of two EEPROM images.
 #include "ImageDiff.h"
 
-#include "core/HwBytes.h"
+#include "core/BlockHeader.h"
 
 #include <QHash>
 #include <QPair>
@@ -34,11 +34,15 @@ BlockDifference differenceOf(BlockDifference::Kind kind, const ImageBlock* a, co
 void addHeaderChanges(BlockDifference& difference, const QByteArray& a, const QByteArray& b) {
     static const struct {
         const char* name;
-        int offset;
-    } fields[] = {{"size", 2}, {"checksum", 4}, {"alignment", 6}};
+        quint16 header::BlockHeader::*field;
+    } fields[] = {{"size", &header::BlockHeader::size},
+                  {"checksum", &header::BlockHeader::checksum},
+                  {"alignment", &header::BlockHeader::alignment}};
+    const header::BlockHeader headA = header::read(a);
+    const header::BlockHeader headB = header::read(b);
     for (const auto& field : fields) {
-        const quint16 before = bytes::getLE<quint16>(a, field.offset);
-        const quint16 after = bytes::getLE<quint16>(b, field.offset);
+        const quint16 before = headA.*field.field;
+        const quint16 after = headB.*field.field;
         if (before != after)
             difference.headerChanges.append({QLatin1String(field.name), before, after});
     }
@@ -46,7 +50,7 @@ void addHeaderChanges(BlockDifference& difference, const QByteArray& a, const QB
 
 // Payload bytes (behind the 8-byte header) that differ, counting bytes present in one only.
 int payloadBytesChanged(const QByteArray& before, const QByteArray& after) {
-    constexpr int Header = 8;
+    constexpr int Header = header::Size;
     const int longest = qMax(before.size(), after.size());
     int changed = 0;
     for (int i = Header; i < longest; ++i)

@@ -2,7 +2,7 @@
 #include "ImageImport.h"
 
 #include "RecordFields.h"
-#include "core/HwBytes.h"
+#include "core/BlockHeader.h"
 #include "image/TableKinds.h"
 
 #include <QHash>
@@ -183,9 +183,9 @@ bool readRecord(ImportedBlock& block, const QVector<RecordField>& fields, const 
     block.outcome = ImportedBlock::Changed;
     block.after = after;
     block.note =
-        changes.join(QStringLiteral(", ")) + QStringLiteral(", checksum %1 -> %2")
-                                                 .arg(hex16(bytes::getLE<quint16>(block.before, 4)),
-                                                      hex16(bytes::getLE<quint16>(after, 4)));
+        changes.join(QStringLiteral(", ")) +
+        QStringLiteral(", checksum %1 -> %2")
+            .arg(hex16(header::read(block.before).checksum), hex16(header::read(after).checksum));
     return true;
 }
 
@@ -361,8 +361,8 @@ ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationTex
                                   .arg(block.before.size())
                                   .arg(block.after.size());
             block.note += QStringLiteral(", checksum %1 -> %2")
-                              .arg(hex16(bytes::getLE<quint16>(block.before, 4)),
-                                   hex16(bytes::getLE<quint16>(block.after, 4)));
+                              .arg(hex16(header::read(block.before).checksum),
+                                   hex16(header::read(block.after).checksum));
         }
         plan.blocks.append(block);
     }

@@ -1,8 +1,8 @@
 // Repairing stale 16-bit checksums and CRC-32s of the blocks of an image.
 #include "ImageRepair.h"
 
+#include "core/BlockHeader.h"
 #include "core/Checks.h"
-#include "core/HwBytes.h"
 
 namespace Tupsim {
 
@@ -40,11 +40,11 @@ RepairPlan planRepair(const EepromImage& image, int onlyId) {
             repair.crc = true;
             repair.crcBefore = entry.storedCrc;
             repair.crcAfter = entry.computedCrc;
-            bytes::putLE<quint32>(block, 8, repair.crcAfter);
+            header::writeCrc32(block, 0, repair.crcAfter);
         }
         repair.checksumBefore = entry.storedChecksum;
-        const quint16 sum = checks::wordSum(at(block, 0), static_cast<std::size_t>(block.size()));
-        repair.checksumAfter = static_cast<quint16>(-(sum - entry.storedChecksum));
+        repair.checksumAfter =
+            checks::blockChecksum(at(block, 0), static_cast<std::size_t>(block.size()));
         repair.checksum = repair.checksumAfter != repair.checksumBefore;
         plan.repairs.append(repair);
     }
@@ -58,9 +58,9 @@ bool applyRepair(EepromImage& image, const RepairPlan& plan, QString& error) {
         return true;
     QByteArray bytes = image.bytes();
     for (const BlockRepair& repair : plan.repairs) {
-        const bool fits =
-            (!repair.crc || bytes::putLE<quint32>(bytes, repair.offset + 8, repair.crcAfter)) &&
-            bytes::putLE<quint16>(bytes, repair.offset + 4, repair.checksumAfter);
+        const auto offset = static_cast<std::uint64_t>(repair.offset);
+        const bool fits = (!repair.crc || header::writeCrc32(bytes, offset, repair.crcAfter)) &&
+                          header::writeChecksum(bytes, offset, repair.checksumAfter);
         if (!fits) {
             error = QStringLiteral("block %1 at %2 lies outside the image")
                         .arg(repair.id)

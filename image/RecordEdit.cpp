@@ -1,7 +1,7 @@
 // Setting named fields of one record block of an image, all or nothing.
 #include "RecordEdit.h"
 
-#include "core/HwBytes.h"
+#include "core/BlockHeader.h"
 
 #include <QSet>
 
@@ -76,7 +76,7 @@ RecordEdit planRecordEdit(const EepromImage& image, quint16 id, int occurrence,
     edit.offset = entry.offset;
     edit.name = image.name(edit.index);
     edit.before = image.blockBytes(edit.index);
-    edit.checksumBefore = bytes::getLE<quint16>(edit.before, 4);
+    edit.checksumBefore = header::read(edit.before).checksum;
     const QVector<RecordField> fields = recordFields::fields(edit.before);
     if (fields.isEmpty()) {
         edit.error =
@@ -106,7 +106,7 @@ RecordEdit planRecordEdit(const EepromImage& image, quint16 id, int occurrence,
     for (FieldChange& change : edit.changes)
         change.after = valueOf(after, change.field);
     edit.after = block;
-    edit.checksumAfter = bytes::getLE<quint16>(block, 4);
+    edit.checksumAfter = header::read(block).checksum;
     edit.ok = true;
     return edit;
 }

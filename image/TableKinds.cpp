@@ -2,10 +2,11 @@
 // printing, reading and cell access.
 #include "image/TableKinds.h"
 
-#include "HwCalibTableBlocks.h"
 #include "core/FieldHooks.h"
 #include "core/HwBytes.h"
-#include "directory/OldStyleDirectory.h"
+#include "directory/Catalogue.h"
+#include "directory/CatalogueRows.h"
+#include "directory/TableTraits.h"
 
 #include "templates/ValueConversion.h"
 
@@ -21,25 +22,6 @@ namespace Tupsim {
 namespace tableKinds {
 
 namespace {
-
-struct Capacity {
-    quint32 rows;
-    quint32 cols;
-};
-
-// Deduced from the template a class derives from.
-template <typename R, typename V, unsigned int Rows, unsigned int Cols>
-Capacity capacityOf(HwDatablockBaseTemplate<R, V, Rows, Cols>*) {
-    return {Rows, Cols};
-}
-template <typename R, typename V, unsigned int Rows, unsigned int Cols>
-Capacity capacityOf(HwDatablockBaseTemplateIndex<R, V, Rows, Cols>*) {
-    return {Rows, Cols};
-}
-template <typename R, typename V, unsigned int D, unsigned int Rows, unsigned int Cols>
-Capacity capacityOf(HwDatablockBaseTemplateExtended<R, V, D, Rows, Cols>*) {
-    return {Rows, Cols};
-}
 
 // What a table holds besides its cells: the index table its row indexes, the table with
 // descriptors its descriptors.
@@ -123,23 +105,13 @@ void load(HwDatablock& block, const QByteArray& image) {
 }
 
 template <class Block> struct Adapter {
-    static Capacity capacity() { return capacityOf(static_cast<Block*>(nullptr)); }
+    static constexpr catalogue::TableShape capacity() { return catalogue::tableShape<Block>(); }
 
-    static TableKind kind(quint16 id, quint16 axisId, int decimals) {
-        using Record = typename Block::HwSDatablock;
-        return {id,
-                axisId,
-                decimals,
-                capacity().rows,
-                capacity().cols,
-                static_cast<int>(sizeof(Record)),
-                static_cast<int>(offsetof(Record, rowCount)),
-                &print,
-                &read,
-                &compare,
-                &merge,
-                &content,
-                &setCell};
+    // The catalogue's facts of the class with its operations.
+    static TableKind kind(const catalogue::TableFacts& facts) {
+        return {facts.id,        facts.axisId,       facts.decimals, facts.maxRows, facts.maxCols,
+                facts.imageSize, facts.countsOffset, &print,         &read,         &compare,
+                &merge,          &content,           &setCell};
     }
 
     static void print(const QByteArray& image, std::ostream& out) {
@@ -247,59 +219,47 @@ template <class Block> struct Adapter {
     }
 };
 
-// Blocks whose name and instance their caller gives have no section of their own: left out.
-// The token and line forms print three decimals, the headed form ten.
-#define EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor, Axis)                           \
-    Adapter<Class>::kind(Id, Axis, 3),
-#define EPROM_TABLE_BLOCK_TCXO(Class, Template, Args, Name, Id, Factor, Axis)                      \
-    Adapter<Class>::kind(Id, Axis, 3),
-#define EPROM_TABLE_BLOCK_HEADED(Class, Template, Args, Name, Id, Factor, Title, Key, Limit,       \
-                                 Message, RowsMessage, OwnPrint, Axis)                             \
-    Adapter<Class>::kind(Id, Axis, (OwnPrint) ? 10 : 3),
-
-struct Kinds {
-    std::vector<TableKind> sorted;
+// One kind per row of the catalogue's table list, in list order: the catalogue's facts with the
+// operations of the row's class.
+struct Kinds : catalogue::IgnoreRows {
+    std::vector<TableKind> all;
     Kinds() {
-        sorted = {
-#include "HwCalibTableBlocks.def"
-        };
-        std::stable_sort(sorted.begin(), sorted.end(),
-                         [](const TableKind& a, const TableKind& b) { return a.id < b.id; });
+        all.reserve(catalogue::tables().size());
+        catalogue::visitTableRows(*this);
+    }
+    template <class Class> void table(const catalogue::TableRow&) {
+        all.push_back(Adapter<Class>::kind(catalogue::tables()[all.size()]));
     }
 };
 
 const Kinds& kinds() {
-    static const Kinds all;
-    return all;
+    static const Kinds instance;
+    return instance;
 }
 
 } // namespace
 
 const TableKind* find(quint16 id) {
-    const Kinds& kinds = tableKinds::kinds();
-    const auto found =
-        std::lower_bound(kinds.sorted.begin(), kinds.sorted.end(), id,
-                         [](const TableKind& kind, quint16 wanted) { return kind.id < wanted; });
-    return found == kinds.sorted.end() || found->id != id ? nullptr : &*found;
+    const catalogue::Entry* entry = catalogue::find(id);
+    if (entry == nullptr || entry->table == nullptr)
+        return nullptr;
+    return &kinds().all[entry->table->index];
 }
 
 bool isAxis(quint16 id) {
-    const std::vector<TableKind>& all = kinds().sorted;
-    return id != 0 && std::any_of(all.begin(), all.end(),
-                                  [id](const TableKind& kind) { return kind.axisId == id; });
+    const catalogue::Entry* entry = catalogue::find(id);
+    return entry != nullptr && entry->isAxis;
 }
 
 QString overCapacity(quint16 id, const unsigned char* block, std::size_t size) {
-    quint32 maxRows = 0;
-    quint32 maxCols = 0;
-    int countsOffset = 8; // behind the header, as in the misc-data tables
-    if (const TableKind* kind = find(id)) {
-        maxRows = kind->maxRows;
-        maxCols = kind->maxCols;
-        countsOffset = kind->countsOffset;
-    } else if (!oldstyle::miscCapacity(id, maxRows, maxCols)) {
+    // The table list's class where it names the id, else the directory's misc-data table.
+    const catalogue::Entry* entry = catalogue::find(id);
+    if (entry == nullptr ||
+        (entry->table == nullptr && entry->info.tableTemplate != TableTemplate::Misc))
         return QString();
-    }
+    const quint32 maxRows = entry->table ? entry->table->maxRows : entry->maxRows;
+    const quint32 maxCols = entry->table ? entry->table->maxCols : entry->maxCols;
+    const int countsOffset = entry->table ? entry->table->countsOffset : entry->countsOffset;
     const char* base = reinterpret_cast<const char*>(block);
     const quint32 rows = bytes::getLE<quint32>(base, size, countsOffset);
     const quint32 cols = bytes::getLE<quint32>(base, size, countsOffset + 4);

@@ -169,7 +169,7 @@ TEST(CalibCatalogue, TcxoTableAndOpaqueBlocks) {
     EXPECT_EQ(tcxo.getByteArrayData(), before);
     EXPECT_TRUE(services.errors.signalled.empty());
 
-    // Their first ids are checked against the directory's own registrations in its suite.
+    // Their first ids are checked against the directory's own registrations in the catalogue's.
     ASSERT_EQ(sizeof kRows / sizeof kRows[0], 78u);
     for (const OpaqueRow& row : kRows) {
         EXPECT_TRUE(QFileInfo(QString(EPROM_SOURCE_DIR "/include/%1.h").arg(row.name)).isFile())

@@ -1,9 +1,11 @@
 // The block catalogue against the classes themselves: the text ids they print, the classes the
-// directory holds, and what it says about ids outside its table.
+// directory holds, what it says about ids outside its table, and the block lists that must agree.
+#include "directory/Catalogue.h"
 #include "support/TestImages.h"
 
 #include <BlockCatalogue.h>
 #include <HwDatablockOldStyleInterpreter.h>
+#include <HwOpaqueCalibBlocks.h>
 #include <QRegularExpression>
 #include <cxxabi.h>
 #include <gtest/gtest.h>
@@ -91,5 +93,29 @@ TEST(BlockCatalogue, TextIdsAreWhatTheClassesPrintAndClassesAreTheDirectorys) {
         EXPECT_EQ(std::string(unknown.className) + " " + unknown.name(), "HwDatablock HwDatablock");
         EXPECT_EQ(typeid(*blockCatalogue::makeBlock(id, test::bytesOf({0, 0, 8, 0, 0, 0, 0, 0}))),
                   typeid(HwDatablock));
+    }
+
+    // The lists agree: every opaque class is the directory's at its first id, and every row of
+    // the table list belongs to its id, with its class there except where the directory keeps
+    // another (14801).
+    const struct {
+        quint16 id;
+        const std::type_info& type;
+    } opaque[] = {
+#define EPROM_OPAQUE_BLOCK(ClassName, firstId) {firstId, typeid(ClassName)},
+#include <HwOpaqueCalibBlocks.def>
+#undef EPROM_OPAQUE_BLOCK
+    };
+    for (const auto& row : opaque) {
+        if (row.id == 0)
+            continue;
+        EXPECT_EQ(blockCatalogue::kindOf(row.id), BlockKind::Opaque) << row.id;
+        EXPECT_EQ(typeid(*blockCatalogue::makeBlock(row.id, QByteArray())), row.type) << row.id;
+    }
+    ASSERT_EQ(catalogue::tables().size(), 56u);
+    for (const catalogue::TableFacts& row : catalogue::tables()) {
+        const catalogue::Entry* entry = catalogue::find(row.id);
+        ASSERT_TRUE(entry != nullptr && entry->table == &row) << row.id;
+        EXPECT_EQ(std::string(entry->info.className) == row.className, row.id != 14801) << row.id;
     }
 }

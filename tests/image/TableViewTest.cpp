@@ -1,5 +1,6 @@
 // The frequency axis of calibration tables: the catalogue's pairing against the capacities of
 // the classes, against the blocks an image holds; and the module report built on it.
+#include "directory/Catalogue.h"
 #include "support/TestImages.h"
 
 #include <EepromImage.h>
@@ -9,33 +10,13 @@
 
 #include <gtest/gtest.h>
 #include <map>
+#include <memory>
 #include <type_traits>
 
 using namespace Tupsim;
 using namespace Tupsim::test;
 
 namespace {
-
-struct Row {
-    quint16 id;
-    quint16 axis;
-    QByteArray (*fresh)();
-};
-
-template <class Block> QByteArray freshImage() {
-    Block block(false);
-    return block.getByteArrayData();
-}
-
-#define EPROM_TABLE_BLOCK(Class, Template, Args, Name, Id, Factor, Axis)                           \
-    {Id, Axis, &freshImage<Class>},
-#define EPROM_TABLE_BLOCK_TCXO EPROM_TABLE_BLOCK
-#define EPROM_TABLE_BLOCK_HEADED(Class, Template, Args, Name, Id, Factor, Title, Key, Limit,       \
-                                 Message, RowsMessage, OwnPrint, Axis)                             \
-    {Id, Axis, &freshImage<Class>},
-const Row kRows[] = {
-#include "HwCalibTableBlocks.def"
-};
 
 QByteArray chain(const QVector<QByteArray>& blocks) {
     QByteArray bytes;
@@ -68,16 +49,17 @@ TableView viewAt(const EepromImage& image, int index) {
 
 TEST(TableView, EveryAxisOfTheCatalogueIsAVectorWithOnePointPerColumn) {
     std::map<quint16, QByteArray> fresh;
-    for (const Row& row : kRows)
-        fresh[row.id] = row.fresh();
+    for (const catalogue::TableFacts& row : catalogue::tables())
+        fresh[row.id] =
+            std::unique_ptr<HwDatablock>(row.recipe.make(row.id, nullptr))->getByteArrayData();
     int pairs = 0;
-    for (const Row& row : kRows) {
-        EXPECT_EQ(tableView::axisOf(row.id), row.axis);
-        if (row.axis == 0)
+    for (const catalogue::TableFacts& row : catalogue::tables()) {
+        EXPECT_EQ(tableView::axisOf(row.id), row.axisId);
+        if (row.axisId == 0)
             continue;
         SCOPED_TRACE(row.id);
-        ASSERT_EQ(fresh.count(row.axis), 1u);
-        const EepromImage image = EepromImage::fromBytes(chain({fresh[row.axis], fresh[row.id]}));
+        ASSERT_EQ(fresh.count(row.axisId), 1u);
+        const EepromImage image = EepromImage::fromBytes(chain({fresh[row.axisId], fresh[row.id]}));
         TableContent vector;
         TableContent data;
         ASSERT_TRUE(readTable(image, 0, vector) && readTable(image, 1, data));
