@@ -60,11 +60,15 @@ struct RecordSchema {
     bool (*isClass)(const HwDatablock&) = nullptr; // the object is of the schema's class
 };
 
-// The schema of class C over `rows`.
+// The schema of class C over `count` rows.
+template <class C>
+RecordSchema schemaOver(const FieldRow* rows, std::size_t count, int recordSize) {
+    return {rows, count, recordSize,
+            [](const HwDatablock& block) { return dynamic_cast<const C*>(&block) != nullptr; }};
+}
 template <class C, std::size_t N>
 RecordSchema schemaOver(const FieldRow (&rows)[N], int recordSize) {
-    return {rows, N, recordSize,
-            [](const HwDatablock& block) { return dynamic_cast<const C*>(&block) != nullptr; }};
+    return schemaOver<C>(rows, N, recordSize);
 }
 
 namespace detail {

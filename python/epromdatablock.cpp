@@ -475,7 +475,8 @@ PYBIND11_MODULE(epromdatablock, m) {
             },
             py::arg("name"), py::arg("value"),
             "Sets a named field (case-insensitive) through the block class's own setter, which "
-            "recomputes the checksum; the value is given as it is printed (str, or a number). "
+            "recomputes the checksum; the value is given as it is printed (str, a number or a "
+            "datetime.date). "
             "ValueError for an unknown or read-only field, or a value that does not fit, naming "
             "the field and its rule.")
         .def(

@@ -106,10 +106,8 @@ const records::RecordSchema& identSchema() {
 
 const records::RecordSchema& miscIdentSchema() {
     static const std::array<FieldRow, kSharedRows> rows = miscRows();
-    static const records::RecordSchema schema = {
-        rows.data(), rows.size(), ImageSize, [](const HwDatablock& block) {
-            return dynamic_cast<const HwDatablockMiscIdent*>(&block) != nullptr;
-        }};
+    static const records::RecordSchema schema =
+        records::schemaOver<HwDatablockMiscIdent>(rows.data(), rows.size(), ImageSize);
     return schema;
 }
 
