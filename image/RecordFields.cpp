@@ -20,7 +20,7 @@ quint16 idOf(const QByteArray& block) {
 }
 
 // The schema of `block`; nullptr when it has no named fields.
-const records::RecordSchema* schemaOf(const QByteArray& block) {
+const records::RecordSchema* schemaOfBlock(const QByteArray& block) {
     return block.size() < kHeaderSize ? nullptr : records::schemaForId(idOf(block));
 }
 
@@ -85,7 +85,7 @@ bool hasFields(quint16 id) {
 
 QVector<RecordField> fields(const QByteArray& block) {
     QVector<RecordField> result;
-    const records::RecordSchema* schema = schemaOf(block);
+    const records::RecordSchema* schema = schemaOfBlock(block);
     if (schema == nullptr)
         return result;
     const quint16 id = idOf(block);
@@ -127,7 +127,7 @@ QVector<RecordField> fields(const QByteArray& block) {
 }
 
 Outcome setField(QByteArray& block, const QString& name, const QString& text) {
-    const records::RecordSchema* schema = schemaOf(block);
+    const records::RecordSchema* schema = schemaOfBlock(block);
     if (schema == nullptr)
         return Outcome::failure(ResultCode::UnknownField,
                                 QStringLiteral("block %1 has no named fields").arg(idOf(block)));
@@ -199,7 +199,7 @@ bool sectionValue(const QStringList& sectionLines, const RecordField& field, QSt
 }
 
 QString fieldNames(const QByteArray& block) {
-    const records::RecordSchema* schema = schemaOf(block);
+    const records::RecordSchema* schema = schemaOfBlock(block);
     return schema == nullptr ? QString() : namesOf(records::fieldsOf(*schema, block));
 }
 

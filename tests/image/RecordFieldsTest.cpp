@@ -85,7 +85,8 @@ void expectPrintoutShows(quint16 id, const QByteArray& block, const QVector<Reco
 
 // The schema of every record class agrees with what the class prints, on zero bytes and on
 // printable ones; every settable field of the printable block reads back, and set on the zero
-// block to the value it shows there it shows that value and leaves every other field as it was. Record kinds whose classes name no fields are listed.
+// block to the value it shows there it shows that value and leaves every other field as it was.
+// Record kinds whose classes name no fields are listed.
 TEST(RecordSchemas, MatchTheirClassesPrintoutsAndSetters) {
     const std::set<BlockKind> recordKinds = {BlockKind::Identification, BlockKind::Service,
                                              BlockKind::Statistic, BlockKind::Modification,
