@@ -63,10 +63,11 @@ void expectPrintoutShows(quint16 id, const QByteArray& block, const QVector<Reco
         const int at = seen[label]++;
         const QString rest = line.mid(colon + 1);
         QStringList columns;
+        int here = 0;
         for (const RecordField& field : fields) {
             if (field.label != label || field.line != at)
                 continue;
-            ++shown;
+            ++here;
             if (field.column >= 0) {
                 columns << field.value;
                 continue;
@@ -76,6 +77,8 @@ void expectPrintoutShows(quint16 id, const QByteArray& block, const QVector<Reco
                         rest.left(rest.size() - value.size()).trimmed().isEmpty())
                 << line.toStdString() << " shows no " << value.toStdString();
         }
+        EXPECT_GT(here, 0) << line.toStdString() << " shows no field";
+        shown += here;
         if (!columns.isEmpty()) {
             EXPECT_EQ(rest.split(QRegularExpression("\\s+"), Qt::SkipEmptyParts), columns);
         }
