@@ -161,6 +161,16 @@ py::object fieldValue(const RecordValue& value) {
     return py::int_(value.number);
 }
 
+// The named fields of a record block as {name: value}, printed or typed; None without fields.
+py::object fieldDict(const Block& b, bool typed) {
+    if (!recordFields::hasFields(b.entry().id))
+        return py::none();
+    py::dict fields;
+    for (const RecordField& field : recordFields::fields(b.image->blockBytes(b.index)))
+        fields[py::cast(field.name)] = typed ? fieldValue(field.typed) : py::cast(field.value);
+    return std::move(fields);
+}
+
 std::optional<Block> blockOrNone(const ImagePtr& image, int index) {
     if (index < 0)
         return std::nullopt;
@@ -438,27 +448,11 @@ PYBIND11_MODULE(epromdatablock, m) {
             },
             "The block's calibration Table; None when it is no calibration table.")
         .def_property_readonly(
-            "fields",
-            [](const Block& b) -> py::object {
-                if (!recordFields::hasFields(b.entry().id))
-                    return py::none();
-                py::dict fields;
-                for (const RecordField& field : recordFields::fields(b.image->blockBytes(b.index)))
-                    fields[py::cast(field.name)] = field.value;
-                return std::move(fields);
-            },
+            "fields", [](const Block& b) { return fieldDict(b, false); },
             "The named fields of a record block as {name: value as printed}, in printing "
             "order; None for blocks without named fields.")
         .def_property_readonly(
-            "field_values",
-            [](const Block& b) -> py::object {
-                if (!recordFields::hasFields(b.entry().id))
-                    return py::none();
-                py::dict values;
-                for (const RecordField& field : recordFields::fields(b.image->blockBytes(b.index)))
-                    values[py::cast(field.name)] = fieldValue(field.typed);
-                return std::move(values);
-            },
+            "field_values", [](const Block& b) { return fieldDict(b, true); },
             "The named fields of a record block as {name: value}, typed by the field: int for "
             "numbers, str for texts, datetime.date for dates (None where month and day make no "
             "date), (part number, variant) for a part number; None for blocks without named "
