@@ -162,9 +162,12 @@ bool readRecord(ImportedBlock& block, const QVector<RecordField>& fields, const 
         }
         if (value == field.value)
             continue;
-        QString why;
-        if (!recordFields::setField(after, field.name, value, why)) {
-            error = QStringLiteral("section %1 (line %2), %3").arg(block.name).arg(idLine).arg(why);
+        const Outcome set = recordFields::setField(after, field.name, value);
+        if (!set.ok()) {
+            error = QStringLiteral("section %1 (line %2), %3")
+                        .arg(block.name)
+                        .arg(idLine)
+                        .arg(set.message);
             return false;
         }
         changes << QStringLiteral("%1 %2 -> %3").arg(field.name, field.value, value);

@@ -5,7 +5,7 @@
 #include "HwDatablockIdent.h"
 #include "HwDatablockServiceData.h"
 #include "HwDatablockStatistic.h"
-#include "blocks/ident/IdentFields.h"
+#include "blocks/ident/FieldCodec.h"
 
 #include <QDate>
 
@@ -22,10 +22,10 @@ QString latin(const std::string& text) {
 }
 
 void readIdent(HwDatablockIdent& ident, InventoryRow& row) {
-    row.partNumber = latin(identfields::partNumberText(ident.getPartNumber(), ident.getVariant()));
+    row.partNumber = latin(records::partNumberText(ident.getPartNumber(), ident.getVariant()));
     row.serialNumber = ident.getSerialNumber();
     row.hardwareCode = ident.getHardwareCode();
-    row.productDate = latin(identfields::dateText(ident.getProductDate()));
+    row.productDate = latin(records::packedDate::text(ident.getProductDate()));
     row.name = ident.getName();
     row.identified = true;
 }
@@ -65,7 +65,8 @@ void readRecords(const EepromImage& image, InventoryRow& row) {
         }
     }
     if (latestService >= 0)
-        row.lastServiceDate = latin(identfields::dateText(static_cast<unsigned>(latestService)));
+        row.lastServiceDate =
+            latin(records::packedDate::text(static_cast<unsigned>(latestService)));
 }
 
 QVariant number(qint64 value) {

@@ -95,9 +95,9 @@ RecordEdit planRecordEdit(const EepromImage& image, quint16 id, int occurrence,
             return edit;
         }
         seen.insert(name);
-        QString why;
-        if (!recordFields::setField(block, assignment.field, assignment.value, why)) {
-            edit.error = QStringLiteral("block %1: %2").arg(id).arg(why);
+        const Outcome set = recordFields::setField(block, assignment.field, assignment.value);
+        if (!set.ok()) {
+            edit.error = QStringLiteral("block %1: %2").arg(id).arg(set.message);
             return edit;
         }
         edit.changes.append({name, valueOf(fields, name), QString()});

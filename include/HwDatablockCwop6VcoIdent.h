@@ -7,6 +7,10 @@
 
 namespace Tupsim {
 
+namespace records {
+struct RecordSchema;
+}
+
 struct HwSDatablockCwop6VcoIdent {
     quint16 blockId;
     quint16 blockSize;
@@ -33,6 +37,8 @@ public:
     int setBlock(const HwSDatablockCwop6VcoIdent* record);
     void swapBlock(const HwSDatablockCwop6VcoIdent* record);
     std::ostream& printToStream(std::ostream& out) override;
+    // The named fields of the block, in printing order.
+    static const records::RecordSchema& recordSchema();
 
     unsigned int getJobNumber();
     unsigned short getSerialNumber();

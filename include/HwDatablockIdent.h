@@ -8,6 +8,10 @@
 
 namespace Tupsim {
 
+namespace records {
+struct RecordSchema;
+}
+
 struct HwSDatablockIdent {
     quint16 blockId;
     quint16 blockSize;
@@ -39,6 +43,8 @@ public:
     // Byte-swaps the own image with this block's rule, whatever its length.
     void swapOwnImage();
     std::ostream& printToStream(std::ostream& out) override;
+    // The named fields of the block, in printing order.
+    static const records::RecordSchema& recordSchema();
 
     unsigned int getEepromSize();
     unsigned int getPartNumber();

@@ -9,6 +9,10 @@
 
 namespace Tupsim {
 
+namespace records {
+struct RecordSchema;
+}
+
 struct HwSDatablockMiscIdent {
     quint16 blockId;
     quint16 blockSize;
@@ -39,6 +43,8 @@ public:
     int setBlock(const HwSDatablockMiscIdent* record);
     void swapBlock(const HwSDatablockMiscIdent* record);
     std::ostream& printToStream(std::ostream& out) override;
+    // The named fields of the block, in printing order.
+    static const records::RecordSchema& recordSchema();
 
     unsigned int getEepromSize();
     unsigned int getPartNumber();

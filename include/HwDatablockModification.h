@@ -7,6 +7,10 @@
 
 namespace Tupsim {
 
+namespace records {
+struct RecordSchema;
+}
+
 struct HwSDatablockModification {
     quint16 blockId;
     quint16 blockSize;
@@ -28,6 +32,8 @@ public:
     // Byte-swaps the own image with this block's rule, whatever its length.
     void swapOwnImage();
     std::ostream& printToStream(std::ostream& out) override;
+    // The named fields of the block, in printing order.
+    static const records::RecordSchema& recordSchema();
 
     // Entries 0 to 9; a larger index reads 0 and is ignored by the setters.
     unsigned short getServiceCode(unsigned char index);

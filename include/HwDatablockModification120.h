@@ -8,6 +8,10 @@
 
 namespace Tupsim {
 
+namespace records {
+struct RecordSchema;
+}
+
 // The header of the record; the 32-bit service codes follow it up to the block size.
 struct HwSDatablockModification120 {
     quint16 blockId;
@@ -30,6 +34,8 @@ public:
     // The same as swapBlock(); named like the other blocks' in-place swap.
     void swapOwnImage();
     std::ostream& printToStream(std::ostream& out) override;
+    // The named fields of the block, in printing order.
+    static const records::RecordSchema& recordSchema();
 
     unsigned int getNumberOfServiceCode();
     // Code `index`; 0 when out of range.

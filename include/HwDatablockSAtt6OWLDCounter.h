@@ -7,6 +7,10 @@
 
 namespace Tupsim {
 
+namespace records {
+struct RecordSchema;
+}
+
 struct HwSDatablockSAtt6OWLDCounter {
     quint16 blockId;
     quint16 blockSize;
@@ -29,6 +33,8 @@ public:
     void swapBlock(const HwSDatablockSAtt6OWLDCounter* record);
     // Ends without the empty line that follows the other blocks' text.
     std::ostream& printToStream(std::ostream& out) override;
+    // The named fields of the block, in printing order.
+    static const records::RecordSchema& recordSchema();
 
     // The 32-bit word at 8 + 4 x index; only index 0 lies inside the block.
     unsigned int getCounterValue(unsigned short index);

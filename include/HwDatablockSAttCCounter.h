@@ -8,6 +8,10 @@
 
 namespace Tupsim {
 
+namespace records {
+struct RecordSchema;
+}
+
 struct HwSDatablockSAttCCounter {
     quint16 blockId;
     quint16 blockSize;
@@ -33,6 +37,8 @@ public:
     // Copies both counters without checking the record; alignment 0, the record's checksum kept.
     void swapBlock(const HwSDatablockSAttCCounter* record);
     std::ostream& printToStream(std::ostream& out) override;
+    // The named fields of the block, in printing order.
+    static const records::RecordSchema& recordSchema();
 
     // The 32-bit word at 8 + 4 x index; indexes 0 and 1 lie inside the block.
     unsigned int getCounterValue(unsigned short index);

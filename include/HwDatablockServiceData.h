@@ -8,6 +8,10 @@
 
 namespace Tupsim {
 
+namespace records {
+struct RecordSchema;
+}
+
 struct HwSDatablockServiceData {
     quint16 blockId;
     quint16 blockSize;
@@ -34,6 +38,8 @@ public:
     // Byte-swaps the own image with this block's rule, whatever its length.
     void swapOwnImage();
     std::ostream& printToStream(std::ostream& out) override;
+    // The named fields of the block, in printing order.
+    static const records::RecordSchema& recordSchema();
 
     unsigned int getServiceDataId();
     // The six department bytes (not NUL-terminated); nullptr for a short image.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "EpromDatablockGlobal.h"
+#include "Outcome.h"
 
 #include <QByteArray>
 #include <QString>
@@ -10,6 +11,23 @@
 #include <QVector>
 
 namespace Tupsim {
+
+// The value a field's bytes hold, as its codec reads them.
+struct RecordValue {
+    enum Type {
+        Number,     // `number`
+        Text,       // `text`: the bytes up to the first NUL
+        Date,       // `year`, `month`, `day` as stored; they need not make a date
+        PartNumber, // `number` and `variant`
+    };
+    Type type = Number;
+    quint64 number = 0;
+    quint32 variant = 0;
+    QByteArray text;
+    int year = 0;
+    int month = 0;
+    int day = 0;
+};
 
 // One field of a record block as its section of a calibration file shows it.
 struct RecordField {
@@ -19,6 +37,7 @@ struct RecordField {
     int column = -1;        // which blank-separated value of that line; -1 for the whole rest
     int trailingBlanks = 0; // blanks the block prints behind the value
     QString value;          // the value as the block prints it
+    RecordValue typed;      // the value the bytes hold
     QString rule;           // what the field takes, in words
     bool settable = false;
     bool readsBack = false; // the printed value sets the field to the bytes it holds
@@ -32,11 +51,12 @@ EPROMDATABLOCK_EXPORT bool hasFields(quint16 id);
 // empty for blocks without named fields.
 EPROMDATABLOCK_EXPORT QVector<RecordField> fields(const QByteArray& block);
 // Sets field `name` (case-insensitive) of `block` from `value` through the block class's own
-// setter, which refreshes the checksum. False, with `error` and `block` untouched, for an
-// unknown field (the error lists the fields), a field without a setter, or a value that does
-// not fit the field (the error names the field and its rule). Nothing is truncated or wrapped.
-EPROMDATABLOCK_EXPORT bool setField(QByteArray& block, const QString& name, const QString& value,
-                                    QString& error);
+// setter, which refreshes the checksum. On failure `block` is untouched: UnknownField for a
+// block without named fields or an unknown field (the message lists the fields), ReadOnly for a
+// field without a setter, DoesNotFit for a value that does not fit the field (the message names
+// the field and its rule), Corrupt for a block shorter than its record. Nothing is truncated.
+EPROMDATABLOCK_EXPORT Outcome setField(QByteArray& block, const QString& name,
+                                       const QString& value);
 // The value `field` shows in the lines of a section (blanks after the label skipped, a
 // column picked, '\r' dropped); false when the section has no such line.
 EPROMDATABLOCK_EXPORT bool sectionValue(const QStringList& sectionLines, const RecordField& field,

@@ -11,6 +11,7 @@
 
 #include "TableHandle.h"
 
+#include <QDate>
 #include <QSet>
 #include <pybind11/pybind11.h>
 #include <pybind11/stl.h>
@@ -141,6 +142,33 @@ py::object checkOf(bool present, unsigned stored, unsigned computed, bool ok) {
     check["computed"] = computed;
     check["ok"] = ok;
     return std::move(check);
+}
+
+// A record field's value as Python types it.
+py::object fieldValue(const RecordValue& value) {
+    switch (value.type) {
+    case RecordValue::Text:
+        return py::cast(QString::fromLatin1(value.text));
+    case RecordValue::Date:
+        if (!QDate::isValid(value.year, value.month, value.day))
+            return py::none();
+        return py::module_::import("datetime").attr("date")(value.year, value.month, value.day);
+    case RecordValue::PartNumber:
+        return py::make_tuple(value.number, value.variant);
+    case RecordValue::Number:
+        break;
+    }
+    return py::int_(value.number);
+}
+
+// The named fields of a record block as {name: value}, printed or typed; None without fields.
+py::object fieldDict(const Block& b, bool typed) {
+    if (!recordFields::hasFields(b.entry().id))
+        return py::none();
+    py::dict fields;
+    for (const RecordField& field : recordFields::fields(b.image->blockBytes(b.index)))
+        fields[py::cast(field.name)] = typed ? fieldValue(field.typed) : py::cast(field.value);
+    return std::move(fields);
 }
 
 std::optional<Block> blockOrNone(const ImagePtr& image, int index) {
@@ -420,29 +448,29 @@ PYBIND11_MODULE(epromdatablock, m) {
             },
             "The block's calibration Table; None when it is no calibration table.")
         .def_property_readonly(
-            "fields",
-            [](const Block& b) -> py::object {
-                if (!recordFields::hasFields(b.entry().id))
-                    return py::none();
-                py::dict fields;
-                for (const RecordField& field : recordFields::fields(b.image->blockBytes(b.index)))
-                    fields[py::cast(field.name)] = field.value;
-                return std::move(fields);
-            },
+            "fields", [](const Block& b) { return fieldDict(b, false); },
             "The named fields of a record block as {name: value as printed}, in printing "
             "order; None for blocks without named fields.")
+        .def_property_readonly(
+            "field_values", [](const Block& b) { return fieldDict(b, true); },
+            "The named fields of a record block as {name: value}, typed by the field: int for "
+            "numbers, str for texts, datetime.date for dates (None where month and day make no "
+            "date), (part number, variant) for a part number; None for blocks without named "
+            "fields.")
         .def(
             "set_field",
             [](const Block& b, const QString& name, const py::object& value) {
                 QByteArray bytes = b.image->blockBytes(b.index);
-                QString error;
-                if (!recordFields::setField(bytes, name, py::str(value).cast<QString>(), error) ||
-                    !b.image->replaceBlock(b.index, bytes, error))
+                const Outcome set =
+                    recordFields::setField(bytes, name, py::str(value).cast<QString>());
+                QString error = set.message;
+                if (!set.ok() || !b.image->replaceBlock(b.index, bytes, error))
                     throw py::value_error(error.toStdString());
             },
             py::arg("name"), py::arg("value"),
             "Sets a named field (case-insensitive) through the block class's own setter, which "
-            "recomputes the checksum; the value is given as it is printed (str, or a number). "
+            "recomputes the checksum; the value is given as it is printed (str, a number or a "
+            "datetime.date). "
             "ValueError for an unknown or read-only field, or a value that does not fit, naming "
             "the field and its rule.")
         .def(

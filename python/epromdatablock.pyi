@@ -2,6 +2,7 @@
 """EEPROM images of the datablock library: blocks and their checks, calibration tables,
 calibration text export and import, and the block catalogue."""
 
+import datetime
 import os
 from typing import Any, Dict, List, Optional, Sequence, Tuple, Union
 
@@ -94,7 +95,13 @@ class Block:
     def table(self) -> Optional[Table]: ...
     @property
     def fields(self) -> Optional[Dict[str, str]]: ...
-    def set_field(self, name: str, value: Union[str, int, float]) -> None:
+    @property
+    def field_values(
+        self,
+    ) -> Optional[Dict[str, Union[int, str, Optional[datetime.date], Tuple[int, int]]]]:
+        """The fields typed: int, str, datetime.date (None where month and day make no date),
+        (part number, variant)."""
+    def set_field(self, name: str, value: Union[str, int, float, datetime.date]) -> None:
         """Sets a named field through the block's own setter; ValueError when it does not fit."""
     def to_bytes(self) -> bytes:
         """The block's own bytes."""

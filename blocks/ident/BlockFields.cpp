@@ -43,11 +43,11 @@ bool acceptRecord(HwDatablock& block, const void* record, int size, const char* 
 }
 
 quint32 counterAt(const QByteArray& image, unsigned int index) {
-    return bytes::getLE<quint32>(image, 8 + 4 * std::uint64_t{index});
+    return bytes::getLE<quint32>(image, FirstCounter + 4 * std::uint64_t{index});
 }
 
 bool storeCounter(QByteArray& image, unsigned int index, quint32 value) {
-    return store<quint32>(image, 8 + 4 * std::uint64_t{index}, value);
+    return store<quint32>(image, FirstCounter + 4 * std::uint64_t{index}, value);
 }
 
 unsigned char* areaWithLength(QByteArray& image, int offset, int width, int lengthOffset,

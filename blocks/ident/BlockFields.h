@@ -51,6 +51,8 @@ void signalRejected(int code, const char* text);
 bool acceptRecord(HwDatablock& block, const void* record, int size, const char* text,
                   int code = 1040001, int requiredId = -1);
 
+// Where the 32-bit counters of the counter blocks start.
+enum : int { FirstCounter = 8 };
 // Counter `index` of a counter block: the 32-bit word at 8 + 4 x index; 0 beyond the image.
 quint32 counterAt(const QByteArray& image, unsigned int index);
 // Stores counter `index`; false (nothing written) beyond the image.

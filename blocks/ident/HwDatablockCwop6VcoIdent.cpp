@@ -2,6 +2,7 @@
 #include "HwDatablockCwop6VcoIdent.h"
 
 #include "blocks/ident/BlockFields.h"
+#include "blocks/ident/FieldCodec.h"
 
 namespace Tupsim {
 
@@ -19,16 +20,24 @@ enum : int {
     ImageSize = 28
 };
 
-// The 16-bit fields in image order with their print labels.
-struct WordField {
-    int offset;
-    const char* label;
+using records::Codec;
+using V = HwDatablockCwop6VcoIdent;
+using R = HwSDatablockCwop6VcoIdent;
+
+// In image order: the job number, then the 16-bit words. Labels and colon take 18 columns.
+const records::FieldRow kRows[] = {
+    {"JOBNR", JobNumber, sizeof(R::jobNumber), Codec::Number, records::through<&V::setJobNumber>},
+    {"SERNR", SerialNumber, sizeof(R::serialNumber), Codec::Number,
+     records::through<&V::setSerialNumber>},
+    {"LOTNR", LotNumber, sizeof(R::lotNumber), Codec::Number, records::through<&V::setLotNumber>},
+    {"TAZ", Taz, sizeof(R::taz), Codec::Number, records::through<&V::setTaz>},
+    {"OSC3SUB_H", Osc3Subh, sizeof(R::osc3Subh), Codec::Number, records::through<&V::setOsc3Subh>},
+    {"OSC3SUB_L", Osc3Subl, sizeof(R::osc3Subl), Codec::Number, records::through<&V::setOsc3Subl>},
+    {"OSC2SUB_H", Osc2Subh, sizeof(R::osc2Subh), Codec::Number, records::through<&V::setOsc2Subh>},
+    {"OSC2SUB_L", Osc2Subl, sizeof(R::osc2Subl), Codec::Number, records::through<&V::setOsc2Subl>},
+    {"OSC1SUB_H", Osc1Subh, sizeof(R::osc1Subh), Codec::Number, records::through<&V::setOsc1Subh>},
 };
-const WordField kWordFields[] = {
-    {SerialNumber, "SERNR:            "}, {LotNumber, "LOTNR:            "},
-    {Taz, "TAZ:              "},          {Osc3Subh, "OSC3SUB_H:        "},
-    {Osc3Subl, "OSC3SUB_L:        "},     {Osc2Subh, "OSC2SUB_H:        "},
-    {Osc2Subl, "OSC2SUB_L:        "},     {Osc1Subh, "OSC1SUB_H:        "}};
+enum : int { LabelWidth = 18 };
 } // namespace
 
 HwDatablockCwop6VcoIdent::HwDatablockCwop6VcoIdent() : HwDatablock(false) {
@@ -52,21 +61,23 @@ void HwDatablockCwop6VcoIdent::swapBlock(const HwSDatablockCwop6VcoIdent* record
         return;
     blockfields::importHeader(*this, raw, ImageSize, bytes::getLE<quint16>(raw, 6));
     setJobNumber(blockfields::recordField<quint32>(*this, raw, JobNumber));
-    for (const WordField& field : kWordFields)
-        setWord(field.offset, blockfields::recordField<quint16>(*this, raw, field.offset));
+    for (const records::FieldRow& row : kRows)
+        if (row.offset != JobNumber)
+            setWord(row.offset, blockfields::recordField<quint16>(*this, raw, row.offset));
     blockfields::keepRecordChecksum(*this, raw);
 }
 
 std::ostream& HwDatablockCwop6VcoIdent::printToStream(std::ostream& out) {
     out << "# Das sind die VCO Ident Daten\n";
     out << "ID:               VCO_IDENT\n";
-    out << "JOBNR:            " << blockfields::format("%u", getJobNumber()) << "\n";
-    for (const WordField& field : kWordFields)
-        out << field.label
-            << blockfields::format("%u", unsigned{bytes::getLE<quint16>(image(), field.offset)})
-            << "\n";
+    records::printFields(out, recordSchema(), image(), getId(), LabelWidth);
     out << "\n";
     return out;
+}
+
+const records::RecordSchema& HwDatablockCwop6VcoIdent::recordSchema() {
+    static const records::RecordSchema schema = records::schemaOver<V>(kRows, ImageSize);
+    return schema;
 }
 
 unsigned int HwDatablockCwop6VcoIdent::getJobNumber() {

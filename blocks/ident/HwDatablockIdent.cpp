@@ -2,6 +2,7 @@
 #include "HwDatablockIdent.h"
 
 #include "blocks/ident/BlockFields.h"
+#include "blocks/ident/FieldCodec.h"
 #include "blocks/ident/IdentFields.h"
 
 namespace Tupsim {
@@ -36,12 +37,13 @@ void HwDatablockIdent::swapOwnImage() {
 std::ostream& HwDatablockIdent::printToStream(std::ostream& out) {
     out << "# Das sind die Kopfdaten\n";
     out << "ID:              IDENT_" << blockfields::format("%u", getId()) << "\n";
-    out << "ALIGNMENT:       " << blockfields::format("%u", unsigned{getAlignment()}) << "\n";
-    out << "EEPROMSIZE:      " << blockfields::format("%u", getEepromSize()) << "\n";
-    // Block id 10 carries two blanks after its name.
-    printFields(out, image(), getId() == 10 ? "  " : "");
+    records::printFields(out, identSchema(), image(), getId(), LabelWidth);
     out << "\n";
     return out;
+}
+
+const records::RecordSchema& HwDatablockIdent::recordSchema() {
+    return identSchema();
 }
 
 unsigned int HwDatablockIdent::getEepromSize() {

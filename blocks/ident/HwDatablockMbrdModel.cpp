@@ -2,12 +2,19 @@
 #include "HwDatablockMbrdModel.h"
 
 #include "blocks/ident/BlockFields.h"
+#include "blocks/ident/FieldCodec.h"
 
 namespace Tupsim {
 
 namespace {
 enum : int { ModelOffset = 8, ModelWidth = 32, ModelWritten = 31, ImageSize = 40 };
-}
+
+// All 32 bytes are read, at most 31 written.
+const records::FieldRow kRows[] = {
+    {"MODEL", ModelOffset, ModelWidth, records::Codec::Text,
+     records::through<&HwDatablockMbrdModel::setModel>, 1, records::Spread::Once, ModelWritten},
+};
+} // namespace
 
 HwDatablockMbrdModel::HwDatablockMbrdModel() : HwDatablock(false) {
     image() = blockfields::freshImage(12001, ImageSize);
@@ -46,6 +53,12 @@ std::ostream& HwDatablockMbrdModel::printToStream(std::ostream& out) {
     out << "MODEL:           " << blockfields::fieldText(image(), ModelOffset, ModelWidth) << "\n";
     out << "\n";
     return out;
+}
+
+const records::RecordSchema& HwDatablockMbrdModel::recordSchema() {
+    static const records::RecordSchema schema =
+        records::schemaOver<HwDatablockMbrdModel>(kRows, ImageSize);
+    return schema;
 }
 
 QString HwDatablockMbrdModel::getModel() {

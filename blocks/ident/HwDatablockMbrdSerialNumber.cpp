@@ -2,12 +2,18 @@
 #include "HwDatablockMbrdSerialNumber.h"
 
 #include "blocks/ident/BlockFields.h"
+#include "blocks/ident/FieldCodec.h"
 
 namespace Tupsim {
 
 namespace {
 enum : int { SerialOffset = 8, ImageSize = 12 };
-}
+
+const records::FieldRow kRows[] = {
+    {"SN", SerialOffset, sizeof(HwSDatablockMbrdSerialNumber::serialNumber), records::Codec::Number,
+     records::through<&HwDatablockMbrdSerialNumber::setSerialNumber>},
+};
+} // namespace
 
 HwDatablockMbrdSerialNumber::HwDatablockMbrdSerialNumber() : HwDatablock(false) {
     image() = blockfields::freshImage(12000, ImageSize);
@@ -44,6 +50,12 @@ std::ostream& HwDatablockMbrdSerialNumber::printToStream(std::ostream& out) {
     out << "SN:              " << blockfields::format("%u", getSerialNumber()) << "\n";
     out << "\n";
     return out;
+}
+
+const records::RecordSchema& HwDatablockMbrdSerialNumber::recordSchema() {
+    static const records::RecordSchema schema =
+        records::schemaOver<HwDatablockMbrdSerialNumber>(kRows, ImageSize);
+    return schema;
 }
 
 unsigned int HwDatablockMbrdSerialNumber::getSerialNumber() {

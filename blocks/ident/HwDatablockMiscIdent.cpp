@@ -2,6 +2,7 @@
 #include "HwDatablockMiscIdent.h"
 
 #include "blocks/ident/BlockFields.h"
+#include "blocks/ident/FieldCodec.h"
 #include "blocks/ident/IdentFields.h"
 
 namespace Tupsim {
@@ -37,9 +38,13 @@ std::ostream& HwDatablockMiscIdent::printToStream(std::ostream& out) {
             : id == VARIANT_STREAM_AUX_IDENT ? "STREAM_AUX_IDENT"
                                              : "")
         << "\n";
-    printFields(out, image(), "");
+    records::printFields(out, miscIdentSchema(), image(), id, LabelWidth);
     out << "\n";
     return out;
+}
+
+const records::RecordSchema& HwDatablockMiscIdent::recordSchema() {
+    return miscIdentSchema();
 }
 
 unsigned int HwDatablockMiscIdent::getEepromSize() {

@@ -2,6 +2,7 @@
 #include "HwDatablockModification.h"
 
 #include "blocks/ident/BlockFields.h"
+#include "blocks/ident/FieldCodec.h"
 
 namespace Tupsim {
 
@@ -11,6 +12,17 @@ enum : int { FirstEntry = 8, EntryCount = 10, ImageSize = 28 };
 quint16 entryOf(const QByteArray& image, unsigned int index) {
     return index < EntryCount ? bytes::getLE<quint16>(image, FirstEntry + 2 * index) : 0;
 }
+
+void setCode(HwDatablock& block, const records::Value& value, unsigned index) {
+    static_cast<HwDatablockModification&>(block).setServiceCode(
+        static_cast<unsigned char>(index), static_cast<unsigned short>(value.number));
+}
+
+// Ten codes, one line each under the same label: SERVICECODE1 to SERVICECODE10.
+const records::FieldRow kRows[] = {
+    {"SERVICECODE", FirstEntry, sizeof(quint16), records::Codec::Number, &setCode, EntryCount,
+     records::Spread::Lines},
+};
 } // namespace
 
 HwDatablockModification::HwDatablockModification()
@@ -66,6 +78,12 @@ std::ostream& HwDatablockModification::printToStream(std::ostream& out) {
             << "\n";
     out << "\n";
     return out;
+}
+
+const records::RecordSchema& HwDatablockModification::recordSchema() {
+    static const records::RecordSchema schema =
+        records::schemaOver<HwDatablockModification>(kRows, ImageSize);
+    return schema;
 }
 
 unsigned short HwDatablockModification::getServiceCode(unsigned char index) {

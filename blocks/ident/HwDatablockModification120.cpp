@@ -2,12 +2,19 @@
 #include "HwDatablockModification120.h"
 
 #include "blocks/ident/BlockFields.h"
+#include "blocks/ident/FieldCodec.h"
 
 namespace Tupsim {
 
 namespace {
 enum : int { HeaderSize = 8 };
-}
+
+// One read-only code per whole 32-bit word behind the header.
+const records::FieldRow kRows[] = {
+    {"SERVICECODE", HeaderSize, sizeof(quint32), records::Codec::Number, nullptr, 0,
+     records::Spread::Lines},
+};
+} // namespace
 
 HwDatablockModification120::HwDatablockModification120()
     : HwDatablock(false), header{120, HeaderSize, 0, 0} {
@@ -55,6 +62,12 @@ std::ostream& HwDatablockModification120::printToStream(std::ostream& out) {
         out << "SERVICECODE:     " << blockfields::format("%u", code) << "\n";
     out << "\n";
     return out;
+}
+
+const records::RecordSchema& HwDatablockModification120::recordSchema() {
+    static const records::RecordSchema schema =
+        records::schemaOver<HwDatablockModification120>(kRows, HeaderSize);
+    return schema;
 }
 
 unsigned int HwDatablockModification120::getNumberOfServiceCode() {

@@ -43,6 +43,10 @@ std::ostream& HwDatablockSAtt3OWLDCounter::printToStream(std::ostream& out) {
     return out;
 }
 
+const records::RecordSchema& HwDatablockSAtt3OWLDCounter::recordSchema() {
+    return owldcounter::schema<HwDatablockSAtt3OWLDCounter>();
+}
+
 unsigned int HwDatablockSAtt3OWLDCounter::getCounterValue(unsigned short index) {
     return blockfields::counterAt(image(), index);
 }

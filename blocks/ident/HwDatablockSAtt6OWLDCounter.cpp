@@ -43,6 +43,10 @@ std::ostream& HwDatablockSAtt6OWLDCounter::printToStream(std::ostream& out) {
     return out;
 }
 
+const records::RecordSchema& HwDatablockSAtt6OWLDCounter::recordSchema() {
+    return owldcounter::schema<HwDatablockSAtt6OWLDCounter>();
+}
+
 unsigned int HwDatablockSAtt6OWLDCounter::getCounterValue(unsigned short index) {
     return blockfields::counterAt(image(), index);
 }

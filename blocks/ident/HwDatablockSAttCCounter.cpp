@@ -2,11 +2,23 @@
 #include "HwDatablockSAttCCounter.h"
 
 #include "blocks/ident/BlockFields.h"
+#include "blocks/ident/FieldCodec.h"
 
 namespace Tupsim {
 
 namespace {
 enum : int { ImageSize = 16 };
+
+void setCounter(HwDatablock& block, const records::Value& value, unsigned index) {
+    static_cast<HwDatablockSAttCCounter&>(block).setCounterValue(
+        static_cast<unsigned>(value.number), static_cast<unsigned short>(index));
+}
+
+// Both counters on one line: COUNT_VALUE1 and COUNT_VALUE2.
+const records::FieldRow kRows[] = {
+    {"COUNT_VALUE", blockfields::FirstCounter, sizeof(quint32), records::Codec::Number, &setCounter,
+     2, records::Spread::Columns},
+};
 
 struct CounterTexts {
     const char* comment;
@@ -72,6 +84,12 @@ std::ostream& HwDatablockSAttCCounter::printToStream(std::ostream& out) {
         << blockfields::format("%u", getCounterValue(1)) << "\n";
     out << "\n";
     return out;
+}
+
+const records::RecordSchema& HwDatablockSAttCCounter::recordSchema() {
+    static const records::RecordSchema schema =
+        records::schemaOver<HwDatablockSAttCCounter>(kRows, ImageSize);
+    return schema;
 }
 
 unsigned int HwDatablockSAttCCounter::getCounterValue(unsigned short index) {

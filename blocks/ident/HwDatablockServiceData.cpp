@@ -2,6 +2,7 @@
 #include "HwDatablockServiceData.h"
 
 #include "blocks/ident/BlockFields.h"
+#include "blocks/ident/FieldCodec.h"
 
 namespace Tupsim {
 
@@ -15,7 +16,29 @@ enum : int {
     ServiceCode = 22,
     ImageSize = 24
 };
-enum : unsigned int { HoursMask = 0x3FFFF, TurnOnShift = 18 };
+using records::opTime::HoursMask;
+using records::opTime::TurnOnShift;
+using S = HwDatablockServiceData;
+using R = HwSDatablockServiceData;
+using records::Codec;
+
+// The department is given as text; the setter takes exactly six bytes, so it is padded with NULs.
+void setDepartment(HwDatablock& block, const records::Value& value, unsigned) {
+    QByteArray padded = value.text.left(DepartmentWidth);
+    padded.append(QByteArray(DepartmentWidth - padded.size(), '\0'));
+    static_cast<S&>(block).setDepartment(padded.constData());
+}
+
+const records::FieldRow kRows[] = {
+    {"DEPARTMENT", Department, DepartmentWidth, Codec::Text, &setDepartment},
+    {"SERVICEDATE", ServiceDate, sizeof(R::serviceDate), Codec::Date,
+     records::through<&S::setServiceDate>},
+    {"OPHOURS", OpTime, sizeof(R::opTime), Codec::Hours, records::through<&S::setOpTimeHours>},
+    {"REPAIRNUMBER", RepairNumber, sizeof(R::repairNumber), Codec::Number,
+     records::through<&S::setRepairNumber>},
+    {"SERVICECODE", ServiceCode, sizeof(R::serviceCode), Codec::Number,
+     records::through<&S::setServiceCode>},
+};
 } // namespace
 
 HwDatablockServiceData::HwDatablockServiceData(HwEVariantEepromDatablock id) : HwDatablock(false) {
@@ -53,23 +76,23 @@ void HwDatablockServiceData::swapOwnImage() {
 
 std::ostream& HwDatablockServiceData::printToStream(std::ostream& out) {
     const unsigned int slot = getId() - 200;
-    const unsigned int hours = getOpTimeHours();
     out << "# Das sind die Servicedaten Service 200\n";
     // Ids outside 200..209 have no name.
     out << "ID:              " << (slot < 10 ? blockfields::format("SERVICE_%u", 200 + slot) : "")
         << "\n";
     out << "DEPARTMENT:      " << blockfields::fieldText(image(), Department, DepartmentWidth)
         << "\n";
-    out << "SERVICEDATE:     "
-        << blockfields::format("%u-%02u-%02u", getServiceDateYear(), getServiceDateMonth(),
-                               getServiceDateDay())
-        << "\n";
-    out << "OPHOURS:         " << blockfields::format("%05u/%06u", hours / 1000000, hours % 1000000)
-        << "\n";
+    out << "SERVICEDATE:     " << records::packedDate::text(getServiceDate()) << "\n";
+    out << "OPHOURS:         " << records::hoursText(getOpTimeHours()) << "\n";
     out << "REPAIRNUMBER:    " << blockfields::format("%u", unsigned{getRepairNumber()}) << "\n";
     out << "SERVICECODE:     " << blockfields::format("%u", unsigned{getServiceCode()}) << "\n";
     out << "\n";
     return out;
+}
+
+const records::RecordSchema& HwDatablockServiceData::recordSchema() {
+    static const records::RecordSchema schema = records::schemaOver<S>(kRows, ImageSize);
+    return schema;
 }
 
 unsigned int HwDatablockServiceData::getServiceDataId() {
@@ -92,15 +115,15 @@ unsigned short HwDatablockServiceData::getServiceDate() {
 }
 
 unsigned int HwDatablockServiceData::getServiceDateYear() {
-    return 1980u + (getServiceDate() >> 9);
+    return records::packedDate::year(getServiceDate());
 }
 
 unsigned int HwDatablockServiceData::getServiceDateMonth() {
-    return (getServiceDate() >> 5) & 0xFu;
+    return records::packedDate::month(getServiceDate());
 }
 
 unsigned int HwDatablockServiceData::getServiceDateDay() {
-    return getServiceDate() & 0x1Fu;
+    return records::packedDate::day(getServiceDate());
 }
 
 void HwDatablockServiceData::setServiceDate(unsigned short date) {
@@ -109,15 +132,15 @@ void HwDatablockServiceData::setServiceDate(unsigned short date) {
 }
 
 void HwDatablockServiceData::setServiceDateDay(unsigned int day) {
-    setOpTime((getOpTime() & ~0x1Fu) | (day & 0x1Fu));
+    setOpTime(records::packedDate::withDay(getOpTime(), day));
 }
 
 void HwDatablockServiceData::setServiceDateMonth(unsigned int month) {
-    setOpTime((getOpTime() & ~0x1E0u) | ((month & 0xFu) << 5));
+    setOpTime(records::packedDate::withMonth(getOpTime(), month));
 }
 
 void HwDatablockServiceData::setServiceDateYear(unsigned int year) {
-    setOpTime((getOpTime() & ~0xFE00u) | (((year - 1980u) << 9) & 0xFE00u));
+    setOpTime(records::packedDate::withYear(getOpTime(), year));
 }
 
 unsigned int HwDatablockServiceData::getOpTime() {

@@ -2,12 +2,18 @@
 #include "HwDatablockStatistic.h"
 
 #include "blocks/ident/BlockFields.h"
+#include "blocks/ident/FieldCodec.h"
 
 namespace Tupsim {
 
 namespace {
 enum : int { OpHours = 8, ImageSize = 12 };
-}
+
+const records::FieldRow kRows[] = {
+    {"OPHOURS", OpHours, sizeof(HwSDatablockStatistic::opHours), records::Codec::Number,
+     records::through<&HwDatablockStatistic::setOpHours>},
+};
+} // namespace
 
 HwDatablockStatistic::HwDatablockStatistic() : HwDatablock(false) {
     image() = blockfields::freshImage(300, ImageSize);
@@ -43,6 +49,12 @@ std::ostream& HwDatablockStatistic::printToStream(std::ostream& out) {
     out << "OPHOURS:         " << blockfields::format("%u", getOpHours()) << "\n";
     out << "\n";
     return out;
+}
+
+const records::RecordSchema& HwDatablockStatistic::recordSchema() {
+    static const records::RecordSchema schema =
+        records::schemaOver<HwDatablockStatistic>(kRows, ImageSize);
+    return schema;
 }
 
 unsigned int HwDatablockStatistic::getOpHours() {

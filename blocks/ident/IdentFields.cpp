@@ -1,13 +1,17 @@
 // Layout shared by the identification block and the misc identification block.
 #include "blocks/ident/IdentFields.h"
 
+#include "HwDatablockIdent.h"
+#include "HwDatablockMiscIdent.h"
 #include "blocks/ident/BlockFields.h"
 #include "core/HwBytes.h"
 
+#include <array>
+#include <cstddef>
+#include <iterator>
+
 namespace Tupsim {
 namespace identfields {
-
-using blockfields::format;
 
 QString name(const QByteArray& image) {
     const std::string raw = blockfields::fieldText(image, Name, NameWidth);
@@ -39,31 +43,72 @@ void copyRecord(HwDatablock& block, QByteArray& image, const QByteArray& record,
     blockfields::keepRecordChecksum(block, record);
 }
 
-std::string partNumberText(quint32 partNumber, unsigned variant) {
-    return format("%u.%04u.%02u", partNumber / 10000, partNumber % 10000, variant);
+namespace {
+
+using records::Codec;
+using records::FieldRow;
+using records::Value;
+using I = HwDatablockIdent;
+using R = HwSDatablockIdent;
+
+// Block id 10 prints two blanks behind its name.
+const char* nameSuffix(unsigned id) {
+    return id == 10 ? "  " : "";
 }
 
-std::string dateText(unsigned packed) {
-    return format("%u-%02u-%02u", 1980 + (packed >> 9), (packed >> 5) & 0xF, packed & 0x1F);
+void setPartNumber(HwDatablock& block, const Value& value, unsigned) {
+    static_cast<I&>(block).setPartNumber(static_cast<unsigned>(value.number));
+    static_cast<I&>(block).setVariant(static_cast<unsigned char>(value.second));
 }
 
-void printFields(std::ostream& out, const QByteArray& image, const char* nameSuffix) {
-    const quint32 part = bytes::getLE<quint32>(image, PartNumber);
-    const unsigned variant = bytes::getLE<quint8>(image, Variant);
-    const unsigned index = bytes::getLE<quint16>(image, ProductIndex);
-    const unsigned date = bytes::getLE<quint16>(image, ProductDate);
-    const unsigned instruction = bytes::getLE<quint16>(image, TestInstruction);
-    out << "PARTNUMBER:      " << partNumberText(part, variant) << "\n";
-    out << "HWCODE:          " << format("%u", unsigned{bytes::getLE<quint8>(image, HardwareCode)})
-        << "\n";
-    out << "PRODUCTINDEX:    " << format("%02u.%02u", index / 100, index % 100) << "\n";
-    out << "SN:              " << format("%u", bytes::getLE<quint32>(image, SerialNumber)) << "\n";
-    out << "PRODUCTDATE:     " << dateText(date) << "\n";
-    out << "READCODE:        " << format("%u", unsigned{bytes::getLE<quint16>(image, ReadCode)})
-        << "\n";
-    out << "TESTINSTRUCTION: " << format("%02u.%02u", instruction / 100, instruction % 100) << "\n";
-    out << "NAME:            " << blockfields::fieldText(image, Name, NameWidth) << nameSuffix
-        << "\n";
+// ALIGNMENT and EEPROMSIZE, which only the ident block prints, then the shared rows; widths
+// are those of the record's members.
+const FieldRow kIdentRows[] = {
+    {"ALIGNMENT", offsetof(R, alignment), sizeof(R::alignment), Codec::Number, nullptr},
+    {"EEPROMSIZE", EepromSize, sizeof(R::eepromSize), Codec::Number,
+     records::through<&I::setEepromSize>},
+    {"PARTNUMBER", PartNumber, sizeof(R::partNumber), Codec::PartNumber, &setPartNumber},
+    {"HWCODE", HardwareCode, sizeof(R::hardwareCode), Codec::Number,
+     records::through<&I::setHardwareCode>},
+    {"PRODUCTINDEX", ProductIndex, sizeof(R::productIndex), Codec::TwoPart,
+     records::through<&I::setProductIndex>},
+    {"SN", SerialNumber, sizeof(R::serialNumber), Codec::Number,
+     records::through<&I::setSerialNumber>},
+    {"PRODUCTDATE", ProductDate, sizeof(R::productDate), Codec::Date,
+     records::through<&I::setProductDate>},
+    {"READCODE", ReadCode, sizeof(R::readCode), Codec::Number, records::through<&I::setReadCode>},
+    {"TESTINSTRUCTION", TestInstruction, sizeof(R::testInstruction), Codec::TwoPart,
+     records::through<&I::setTestInstruction>},
+    {"NAME", Name, NameWidth, Codec::Text, records::through<&I::setName>, 1, records::Spread::Once,
+     0, &nameSuffix},
+};
+constexpr std::size_t kSharedFrom = 2;
+constexpr std::size_t kSharedRows = std::size(kIdentRows) - kSharedFrom;
+
+// The shared rows without setters and without the name's blanks.
+std::array<FieldRow, kSharedRows> miscRows() {
+    std::array<FieldRow, kSharedRows> rows{};
+    for (std::size_t i = 0; i < kSharedRows; ++i) {
+        rows[i] = kIdentRows[kSharedFrom + i];
+        rows[i].set = nullptr;
+        rows[i].suffix = nullptr;
+    }
+    return rows;
+}
+
+} // namespace
+
+const records::RecordSchema& identSchema() {
+    static const records::RecordSchema schema =
+        records::schemaOver<HwDatablockIdent>(kIdentRows, ImageSize);
+    return schema;
+}
+
+const records::RecordSchema& miscIdentSchema() {
+    static const std::array<FieldRow, kSharedRows> rows = miscRows();
+    static const records::RecordSchema schema =
+        records::schemaOver<HwDatablockMiscIdent>(rows.data(), rows.size(), ImageSize);
+    return schema;
 }
 
 } // namespace identfields

@@ -2,11 +2,10 @@
 #pragma once
 
 #include "HwDatablock.h"
+#include "blocks/RecordSchema.h"
 
 #include <QByteArray>
 #include <QString>
-#include <ostream>
-#include <string>
 
 namespace Tupsim {
 namespace identfields {
@@ -24,6 +23,8 @@ enum Offset : int {
     Name = 30
 };
 enum : int { NameWidth = 14, ImageSize = 44 };
+// Labels and their colon are printed in 17 columns.
+enum : int { LabelWidth = 17 };
 
 // The name up to its first NUL, at most 14 characters.
 QString name(const QByteArray& image);
@@ -33,13 +34,10 @@ QString name(const QByteArray& image);
 void copyRecord(HwDatablock& block, QByteArray& image, const QByteArray& record,
                 unsigned short size);
 
-// "1234.5678.02": the part number with its four-digit sub-number, then the variant.
-std::string partNumberText(quint32 partNumber, unsigned variant);
-// "2021-06-15" from a packed date: bits 15..9 year minus 1980, 8..5 month, 4..0 day.
-std::string dateText(unsigned packed);
-
-// Lines PARTNUMBER to NAME of the text form; `nameSuffix` follows the name.
-void printFields(std::ostream& out, const QByteArray& image, const char* nameSuffix);
+// The fields of the identification block, ALIGNMENT to NAME, with its setters.
+const records::RecordSchema& identSchema();
+// The fields of the misc identification block: PARTNUMBER to NAME, read only.
+const records::RecordSchema& miscIdentSchema();
 
 } // namespace identfields
 } // namespace Tupsim

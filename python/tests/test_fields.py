@@ -1,4 +1,5 @@
 # Named fields of record blocks and chains inside a larger file, against the tool.
+import datetime
 import json
 
 import epromdatablock as ed
@@ -13,9 +14,14 @@ def test_fields_set_through_the_class_change_only_their_block(scratch, tool):
     image = ed.Image.open(scratch)
     ident = image.find(2)
     assert list(ident.fields.items()) == list(IDENT_FIELDS.items())
-    assert image.find(15731).fields is None
+    assert image.find(15731).fields is None and image.find(15731).field_values is None
+    assert ident.field_values == {
+        "ALIGNMENT": 0, "EEPROMSIZE": 32768, "PARTNUMBER": (12345678, 2), "HWCODE": 37,
+        "PRODUCTINDEX": 301, "SN": 102345, "PRODUCTDATE": datetime.date(2021, 6, 15),
+        "READCODE": 0, "TESTINSTRUCTION": 102, "NAME": "RF-BOARD 6G"}
+    assert image.find(200).field_values["OPHOURS"] == 12345
     ident.set_field("SN", 123456)
-    ident.set_field("productdate", "2026-11-22")
+    ident.set_field("productdate", datetime.date(2026, 11, 22))
     ident.set_field("NAME", "RF-BOARD 6G B")
     assert ident.fields == {**IDENT_FIELDS, "SN": "123456", "PRODUCTDATE": "2026-11-22",
                             "NAME": "RF-BOARD 6G B"}

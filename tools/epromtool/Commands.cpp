@@ -6,7 +6,6 @@
 #include "CommandLine.h"
 #include "Reports.h"
 #include "SafeWriter.h"
-#include "SampleImage.h"
 
 #include <EepromImage.h>
 #include <ImageDiff.h>
@@ -17,6 +16,7 @@
 #include <QFileInfo>
 #include <QSet>
 #include <RecordEdit.h>
+#include <SampleImage.h>
 #include <iostream>
 
 using Tupsim::EepromImage;
@@ -445,7 +445,7 @@ int runSample(const QStringList& arguments) {
     if (!line.isSet(QStringLiteral("output")))
         return line.usageError(QStringLiteral("missing -o FILE"));
     QString reason;
-    if (!safeWrite(line.value(QStringLiteral("output")), sampleImage(), false, reason)) {
+    if (!safeWrite(line.value(QStringLiteral("output")), Tupsim::sampleImage(), false, reason)) {
         error(reason);
         return ExitWriteFailed;
     }

@@ -2,35 +2,34 @@
 // self-describing block and the end block, built through the library's own setters.
 #include "SampleImage.h"
 
-#include <CommonDatablockAccess.h>
-#include <HwCalibTableBlocks.h>
-#include <HwDatablockEnd.h>
-#include <HwDatablockIdent.h>
-#include <HwDatablockModification.h>
-#include <HwDatablockServiceData.h>
-#include <HwDatablockStatistic.h>
+#include "CommonDatablockAccess.h"
+#include "HwCalibTableBlocks.h"
+#include "HwDatablockEnd.h"
+#include "HwDatablockIdent.h"
+#include "HwDatablockModification.h"
+#include "HwDatablockServiceData.h"
+#include "HwDatablockStatistic.h"
+#include "blocks/ident/FieldCodec.h"
+
 #include <cstring>
 #include <initializer_list>
 #include <string>
 
-namespace epromtool {
+namespace Tupsim {
 
 namespace {
 
-// Packed as the blocks keep dates: year - 1980, month and day in 7, 4 and 5 bits.
-unsigned short packedDate(int year, int month, int day) {
-    return static_cast<unsigned short>(((year - 1980) << 9) | (month << 5) | day);
-}
+using records::packedDate::pack;
 
 QByteArray identification() {
-    Tupsim::HwDatablockIdent ident;
+    HwDatablockIdent ident;
     ident.setEepromSize(SampleEepromSize);
     ident.setPartNumber(12345678); // 1234.5678
     ident.setVariant(2);
     ident.setHardwareCode(37);
     ident.setProductIndex(301); // 03.01
     ident.setSerialNumber(102345);
-    ident.setProductDate(packedDate(2021, 6, 15));
+    ident.setProductDate(pack(2021, 6, 15));
     ident.setReadCode(0);
     ident.setTestInstruction(102); // 01.02
     ident.setName(QStringLiteral("RF-BOARD 6G"));
@@ -38,19 +37,19 @@ QByteArray identification() {
 }
 
 QByteArray serviceBlocks() {
-    Tupsim::HwDatablockServiceData service(Tupsim::VARIANT_SERVICE_200);
+    HwDatablockServiceData service(VARIANT_SERVICE_200);
     service.setDepartment("KS2104");
-    service.setServiceDate(packedDate(2023, 11, 7));
+    service.setServiceDate(pack(2023, 11, 7));
     service.setOpTimeHours(12345);
     service.setOpTimeTurnOn(873);
     service.setRepairNumber(4711);
     service.setServiceCode(17);
 
-    Tupsim::HwDatablockStatistic statistic;
+    HwDatablockStatistic statistic;
     statistic.setOpHours(15872);
 
     // Action 1 in the top two bits, the circular number below.
-    Tupsim::HwDatablockModification modification;
+    HwDatablockModification modification;
     modification.setServiceCode(0, 0x4000 | 1021);
     modification.setServiceCode(1, 0x4000 | 1187);
     modification.setServiceCode(2, 0x8000 | 64);
@@ -82,8 +81,8 @@ template <typename T> QByteArray element(T value) {
 
 QByteArray calibrationTables() {
     // Level control: ten frequency points (units of 100 Hz) and four DAC rows.
-    Tupsim::HwDatablockOroRfboAlcFreq alcFreq;
-    Tupsim::HwDatablockOroRfboAlcData alcData;
+    HwDatablockOroRfboAlcFreq alcFreq;
+    HwDatablockOroRfboAlcData alcData;
     QByteArray tables = filled(alcFreq, 10, 1,
                                {100000u, 1000000u, 5000000u, 10000000u, 15000000u, 20000000u,
                                 30000000u, 40000000u, 50000000u, 60000000u});
@@ -94,8 +93,8 @@ QByteArray calibrationTables() {
 
     // Attenuator: five points in Hz, one row per attenuation step in hundredths of a dB,
     // each row indexed by its step in dB.
-    Tupsim::HwDatablockTeshRfboAttCalVecFreq attFreq;
-    Tupsim::HwDatablockTeshRfboAttCalVecData attData;
+    HwDatablockTeshRfboAttCalVecFreq attFreq;
+    HwDatablockTeshRfboAttCalVecData attData;
     tables +=
         filled(attFreq, 5, 1, {100000000u, 500000000u, 1000000000u, 2000000000u, 3000000000u});
     for (unsigned int row = 0; row < 4; ++row)
@@ -104,8 +103,8 @@ QByteArray calibrationTables() {
                                      2006, 2003, 1997, 1991, 1982, 3011, 3006, 2996, 2987, 2972});
 
     // Maximum level in hundredths of a dB at eight points, for two paths.
-    Tupsim::HwDatablockOroRfboRfLevelMaxFreq levelFreq;
-    Tupsim::HwDatablockOroRfboRfLevelMaxData levelData;
+    HwDatablockOroRfboRfLevelMaxFreq levelFreq;
+    HwDatablockOroRfboRfLevelMaxData levelData;
     tables += filled(
         levelFreq, 8, 1,
         {10000u, 1000000u, 10000000u, 20000000u, 30000000u, 40000000u, 50000000u, 60000000u});
@@ -114,8 +113,8 @@ QByteArray calibrationTables() {
                       1640, 1580, 1520});
 
     // A user correction behind its descriptors: every descriptor one word, padded with blanks.
-    Tupsim::HwDatablockTeshRfboExtCalVecUserFreq userFreq;
-    Tupsim::HwDatablockTeshRfboExtCalVecUserData userData;
+    HwDatablockTeshRfboExtCalVecUserFreq userFreq;
+    HwDatablockTeshRfboExtCalVecUserData userData;
     tables +=
         filled(userFreq, 6, 1, {1000000u, 5000000u, 10000000u, 20000000u, 40000000u, 60000000u});
     int index = 0;
@@ -132,17 +131,17 @@ QByteArray calibrationTables() {
 QByteArray selfDescribing() {
     // Temperature compensation: rows by temperature (tenths of a degree), columns gain
     // (hundredths of a dB), offset and a label.
-    Tupsim::HwSBlockDescription table;
+    HwSBlockDescription table;
     table.rowCount = 3;
     table.colCount = 3;
-    table.rowIdType = Tupsim::FIX16D1;
-    table.colIdType = Tupsim::NONE;
-    table.colTypes = {Tupsim::FIX16D2, Tupsim::INT32, Tupsim::CHAR5};
+    table.rowIdType = FIX16D1;
+    table.colIdType = NONE;
+    table.colTypes = {FIX16D2, INT32, CHAR5};
     table.rowIds = element<qint16>(150) + element<qint16>(250) + element<qint16>(350);
     table.values = {{element<qint16>(12), element<qint16>(0), element<qint16>(-15)},
                     {element<qint32>(-3), element<qint32>(0), element<qint32>(4)},
                     {QByteArray("COLD "), QByteArray("ROOM "), QByteArray("HOT  ")}};
-    Tupsim::CommonDatablockAccess builder(nullptr, nullptr, false);
+    CommonDatablockAccess builder(nullptr, nullptr, false);
     builder.addBlock(table);
     return builder.write(20010, 105);
 }
@@ -151,7 +150,7 @@ QByteArray selfDescribing() {
 
 QByteArray sampleImage() {
     QByteArray image = identification() + serviceBlocks() + calibrationTables() + selfDescribing();
-    Tupsim::HwDatablockEnd end;
+    HwDatablockEnd end;
     end.setEndBlock();
     image += end.getByteArrayData();
     // Erased EEPROM cells read 0xFF.
@@ -160,4 +159,4 @@ QByteArray sampleImage() {
     return image;
 }
 
-} // namespace epromtool
+} // namespace Tupsim
