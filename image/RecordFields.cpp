@@ -569,41 +569,40 @@ QVector<RecordField> fields(const QByteArray& block) {
     return result;
 }
 
-bool setField(QByteArray& block, const QString& name, const QString& text, QString& error) {
+Outcome setField(QByteArray& block, const QString& name, const QString& text) {
     std::unique_ptr<HwDatablock> object;
     Table table;
-    if (!open(block, object, table)) {
-        error = QStringLiteral("block %1 has no named fields").arg(bytes::getLE<quint16>(block, 0));
-        return false;
-    }
+    if (!open(block, object, table))
+        return Outcome::failure(
+            ResultCode::NoFields,
+            QStringLiteral("block %1 has no named fields").arg(bytes::getLE<quint16>(block, 0)));
     const int found = findDef(table, name);
-    if (found < 0) {
-        error = QStringLiteral("no field %1; the block has %2").arg(name, namesOf(table));
-        return false;
-    }
+    if (found < 0)
+        return Outcome::failure(
+            ResultCode::UnknownField,
+            QStringLiteral("no field %1; the block has %2").arg(name, namesOf(table)));
     const FieldDef& def = table.defs[found];
-    if (block.size() < table.recordSize) {
-        error = QStringLiteral("%1 cannot be set: the block has %2 bytes, its record %3")
-                    .arg(def.name)
-                    .arg(block.size())
-                    .arg(table.recordSize);
-        return false;
-    }
-    if (def.set == nullptr) {
-        error =
-            QStringLiteral("%1 is read only: the block's class has no setter for it").arg(def.name);
-        return false;
-    }
+    if (block.size() < table.recordSize)
+        return Outcome::failure(
+            ResultCode::Corrupt,
+            QStringLiteral("%1 cannot be set: the block has %2 bytes, its record %3")
+                .arg(def.name)
+                .arg(block.size())
+                .arg(table.recordSize));
+    if (def.set == nullptr)
+        return Outcome::failure(
+            ResultCode::ReadOnly,
+            QStringLiteral("%1 is read only: the block's class has no setter for it")
+                .arg(def.name));
     Value value;
     QString why;
-    if (!parse(def, text, value, why)) {
-        error = QStringLiteral("%1: '%2' %3; the field takes %4")
-                    .arg(def.name, text, why, ruleText(def));
-        return false;
-    }
+    if (!parse(def, text, value, why))
+        return Outcome::failure(ResultCode::DoesNotFit,
+                                QStringLiteral("%1: '%2' %3; the field takes %4")
+                                    .arg(def.name, text, why, ruleText(def)));
     def.set(*object, value);
     block = object->getByteArrayData();
-    return true;
+    return Outcome::success();
 }
 
 bool sectionValue(const QStringList& sectionLines, const RecordField& field, QString& value) {

@@ -289,7 +289,7 @@ bool isAxis(quint16 id) {
                                   [id](const TableKind& kind) { return kind.axisId == id; });
 }
 
-QString overCapacity(quint16 id, const unsigned char* block, std::size_t size) {
+Outcome overCapacity(quint16 id, const unsigned char* block, std::size_t size) {
     quint32 maxRows = 0;
     quint32 maxCols = 0;
     int countsOffset = 8; // behind the header, as in the misc-data tables
@@ -298,18 +298,19 @@ QString overCapacity(quint16 id, const unsigned char* block, std::size_t size) {
         maxCols = kind->maxCols;
         countsOffset = kind->countsOffset;
     } else if (!oldstyle::miscCapacity(id, maxRows, maxCols)) {
-        return QString();
+        return Outcome::success();
     }
     const char* base = reinterpret_cast<const char*>(block);
     const quint32 rows = bytes::getLE<quint32>(base, size, countsOffset);
     const quint32 cols = bytes::getLE<quint32>(base, size, countsOffset + 4);
     if (rows <= maxRows && cols <= maxCols)
-        return QString();
-    return QStringLiteral("counts %1*%2 exceed the capacity %3*%4")
-        .arg(rows)
-        .arg(cols)
-        .arg(maxRows)
-        .arg(maxCols);
+        return Outcome::success();
+    return Outcome::failure(ResultCode::OverCapacity,
+                            QStringLiteral("counts %1*%2 exceed the capacity %3*%4")
+                                .arg(rows)
+                                .arg(cols)
+                                .arg(maxRows)
+                                .arg(maxCols));
 }
 
 } // namespace tableKinds

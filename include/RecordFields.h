@@ -3,6 +3,7 @@
 #pragma once
 
 #include "EpromDatablockGlobal.h"
+#include "Outcome.h"
 
 #include <QByteArray>
 #include <QString>
@@ -32,11 +33,12 @@ EPROMDATABLOCK_EXPORT bool hasFields(quint16 id);
 // empty for blocks without named fields.
 EPROMDATABLOCK_EXPORT QVector<RecordField> fields(const QByteArray& block);
 // Sets field `name` (case-insensitive) of `block` from `value` through the block class's own
-// setter, which refreshes the checksum. False, with `error` and `block` untouched, for an
-// unknown field (the error lists the fields), a field without a setter, or a value that does
-// not fit the field (the error names the field and its rule). Nothing is truncated or wrapped.
-EPROMDATABLOCK_EXPORT bool setField(QByteArray& block, const QString& name, const QString& value,
-                                    QString& error);
+// setter, which refreshes the checksum. With `block` untouched: NoFields, UnknownField (the
+// message lists the fields), ReadOnly (a field without a setter), Corrupt (a block shorter
+// than its record) or DoesNotFit (the message names the field and its rule). Nothing is
+// truncated or wrapped.
+EPROMDATABLOCK_EXPORT Outcome setField(QByteArray& block, const QString& name,
+                                       const QString& value);
 // The value `field` shows in the lines of a section (blanks after the label skipped, a
 // column picked, '\r' dropped); false when the section has no such line.
 EPROMDATABLOCK_EXPORT bool sectionValue(const QStringList& sectionLines, const RecordField& field,

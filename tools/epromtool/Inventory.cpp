@@ -101,9 +101,8 @@ int runInventory(const QStringList& arguments) {
     line.addJsonOption();
     line.addOffsetOption();
     int start = 0;
-    int early = line.parseImageCommand(arguments, start, true);
-    if (early >= 0)
-        return early;
+    if (const Stop stop = line.parseImageCommand(arguments, start, true))
+        return *stop;
     const bool csv = line.isSet(QStringLiteral("csv"));
     if (csv && line.json())
         return line.usageError(QStringLiteral("--csv and --json exclude each other"));
