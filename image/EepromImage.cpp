@@ -103,8 +103,9 @@ Outcome EepromImage::readFile(const QString& path, EepromImage& result, int chai
     // the limit.
     if (opened && (size == 0 || file.isSequential())) {
         ImageSource source;
-        if (!inspectSource(path, source, reason))
-            return Outcome::failure(ResultCode::Unreadable, reason);
+        const Outcome inspected = inspectSource(path, source);
+        if (!inspected.ok())
+            return inspected;
         size = source.size < 0 ? MaxFileSize : source.size;
     }
     if (!opened) {

@@ -51,8 +51,8 @@ EPROMDATABLOCK_EXPORT bool readTable(const EepromImage& image, int index, TableC
 // toward zero, as the file reader stores it. The block's checksum is recomputed. UnknownBlock
 // (no calibration table), OutOfRange (a cell outside the table) or DoesNotFit, naming the
 // block, the cell and the rule broken.
-EPROMDATABLOCK_EXPORT Outcome setTableCell(EepromImage& image, int index, quint32 row,
-                                           quint32 col, double value);
+EPROMDATABLOCK_EXPORT Outcome setTableCell(EepromImage& image, int index, quint32 row, quint32 col,
+                                           double value);
 // Sets one cell to a stored value as it is; an integer table takes integers only.
 EPROMDATABLOCK_EXPORT Outcome setTableRaw(EepromImage& image, int index, quint32 row, quint32 col,
                                           double raw);

@@ -569,9 +569,7 @@ PYBIND11_MODULE(epromdatablock, m) {
         .def(
             "save",
             [](const EepromImage& image, const std::filesystem::path& path, bool backup) {
-                QString error;
-                if (!safeWrite(pathText(path), image.bytes(), backup, error))
-                    epromPython::raise(Outcome::failure(ResultCode::WriteFailed, error));
+                epromPython::check(safeWrite(pathText(path), image.bytes(), backup));
             },
             py::arg("path"), py::arg("backup") = true,
             "Writes the image to `path`, replacing a file only once the new content is "

@@ -96,22 +96,23 @@ Stop applyRefused(Tupsim::EepromImage& image, const Tupsim::ImagePlan& plan, con
 
 // Writes `image` to -o FILE or back to `path` through the library's writer (a device in place,
 // changed pages only), keeping a backup unless --no-backup; with --dry-run writes nothing. Adds
-// what it did to `lines`; false (after printing `lines` and the reason) when the write failed.
-bool writeImage(const CommandLine& line, const QString& path, const EepromImage& image,
+// what it did to `lines`. When the write failed, the exit code to stop with, after `lines` and
+// the reason.
+Stop writeImage(const CommandLine& line, const QString& path, const EepromImage& image,
                 QStringList& lines, QString& written) {
     const QString target =
         line.isSet(QStringLiteral("output")) ? line.value(QStringLiteral("output")) : path;
     const Tupsim::WriteOptions options = writeOptions(line);
     const Tupsim::WriteResult result = Tupsim::writeImage(target, image.bytes(), options);
-    if (!result.ok) {
+    if (!result.ok()) {
         out(lines);
         error(writeFailure(target, result));
-        return false;
+        return exitCodeOf(result.outcome.code);
     }
     if (!options.dryRun)
         written = target;
     lines << writeLines(target, result, options);
-    return true;
+    return std::nullopt;
 }
 
 } // namespace
@@ -246,12 +247,9 @@ int runExport(const QStringList& arguments) {
         std::cout.flush();
         return exitCodeOf(image);
     }
-    QString reason;
-    if (!safeWrite(line.value(QStringLiteral("output")),
-                   QByteArray(content.data(), static_cast<int>(content.size())), false, reason)) {
-        error(reason);
-        return ExitWriteFailed;
-    }
+    if (const Stop stop = writeOutput(line.value(QStringLiteral("output")),
+                                      QByteArray(content.data(), static_cast<int>(content.size()))))
+        return *stop;
     return exitCodeOf(image);
 }
 
@@ -298,8 +296,8 @@ int runImport(const QStringList& arguments) {
                  .arg(plan.changedCount());
 
     QString written;
-    if (!writeImage(line, path, image, lines, written))
-        return ExitWriteFailed;
+    if (const Stop stop = writeImage(line, path, image, lines, written))
+        return *stop;
     if (line.json())
         out(importJson(path, calibrationPath, plan, blockCount, written));
     else
@@ -361,8 +359,8 @@ int runSet(const QStringList& arguments) {
     if (const Stop stop = applyRefused(image, edit, path, lines))
         return *stop;
     QString written;
-    if (!writeImage(line, path, image, lines, written))
-        return ExitWriteFailed;
+    if (const Stop stop = writeImage(line, path, image, lines, written))
+        return *stop;
     if (line.json())
         out(editJson(path, edit, written));
     else
@@ -416,8 +414,8 @@ int runFix(const QStringList& arguments) {
     if (const Stop stop = applyRefused(image, plan, path, lines))
         return *stop;
     QString written;
-    if (!writeImage(line, path, image, lines, written))
-        return ExitWriteFailed;
+    if (const Stop stop = writeImage(line, path, image, lines, written))
+        return *stop;
     out(lines);
     return worse(code, exitCodeOf(image));
 }
@@ -436,11 +434,8 @@ int runSample(const QStringList& arguments) {
         return *stop;
     if (!line.isSet(QStringLiteral("output")))
         return line.usageError(QStringLiteral("missing -o FILE"));
-    QString reason;
-    if (!safeWrite(line.value(QStringLiteral("output")), sampleImage(), false, reason)) {
-        error(reason);
-        return ExitWriteFailed;
-    }
+    if (const Stop stop = writeOutput(line.value(QStringLiteral("output")), sampleImage()))
+        return *stop;
     return ExitOk;
 }
 

@@ -77,12 +77,14 @@ int exitCodeOf(Tupsim::ImageVerdict verdict) {
     case Tupsim::ImageVerdict::Ok:
         return ExitOk;
     case Tupsim::ImageVerdict::FailedChecks:
-        return ExitChecksum;
+        // The worst of its checks' codes is a failed check.
+        return epromtool::exitCodeOf(Tupsim::ResultCode::ChecksumFailed);
     case Tupsim::ImageVerdict::BrokenChain:
+        return epromtool::exitCodeOf(Tupsim::ResultCode::ChainBroken);
     case Tupsim::ImageVerdict::Unreadable:
         break;
     }
-    return ExitUnreadable;
+    return epromtool::exitCodeOf(Tupsim::ResultCode::Unreadable);
 }
 
 } // namespace

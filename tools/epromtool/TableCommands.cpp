@@ -53,13 +53,13 @@ int runTable(const QStringList& arguments) {
         error(occurrence == 1
                   ? QStringLiteral("%1: no block with id %2").arg(path).arg(id)
                   : QStringLiteral("%1: no block %2 with id %3").arg(path).arg(occurrence).arg(id));
-        return ExitUnreadable;
+        return exitCodeOf(Tupsim::ResultCode::UnknownBlock);
     }
     Tupsim::TableView view;
     if (!Tupsim::tableView::view(image, index, view)) {
         error(QStringLiteral("%1: block %2 (%3) is no calibration table")
                   .arg(path, QString::number(id), image.name(index)));
-        return ExitUnreadable;
+        return exitCodeOf(Tupsim::ResultCode::UnknownBlock);
     }
     if (line.json())
         out(tableJson(path, view));
@@ -108,11 +108,8 @@ int runReport(const QStringList& arguments) {
         std::cout.flush();
         return code;
     }
-    QString reason;
-    if (!safeWrite(line.value(QStringLiteral("output")), html, false, reason)) {
-        error(reason);
-        return ExitWriteFailed;
-    }
+    if (const Stop stop = writeOutput(line.value(QStringLiteral("output")), html))
+        return *stop;
     return code;
 }
 

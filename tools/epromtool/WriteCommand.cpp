@@ -38,15 +38,15 @@ int runWrite(const QStringList& arguments) {
             error(QStringLiteral("%1: %2, nothing written (--force writes it anyway)")
                       .arg(sourcePath, source.chainBroken() ? QStringLiteral("the chain is broken")
                                                             : QStringLiteral("checks fail")));
-            return ExitUnreadable;
+            return exitCodeOf(Tupsim::ResultCode::Refused);
         }
     }
     Tupsim::WriteOptions options = writeOptions(line);
     options.sameSize = true;
     const Tupsim::WriteResult result = Tupsim::writeImage(target, source.bytes(), options);
-    if (!result.ok) {
+    if (!result.ok()) {
         error(writeFailure(target, result));
-        return result.sizeMismatch ? ExitUnreadable : ExitWriteFailed;
+        return exitCodeOf(result.outcome.code);
     }
     out(writeLines(target, result, options));
     return ExitOk;
