@@ -86,12 +86,15 @@ WriteResult writeInPlace(const QString& path, const QByteArray& content,
     // Opened for writing before any backup: a device that refuses writing leaves nothing behind.
     const int fd = ::open(name.constData(), (options.dryRun ? O_RDONLY : O_RDWR) | O_CLOEXEC);
     if (fd < 0) {
-        result.error =
-            QStringLiteral("cannot write %1: %2; nothing written").arg(path, fileio::lastError());
+        result.outcome = Outcome::failure(
+            ResultCode::WriteFailed,
+            QStringLiteral("cannot write %1: %2; nothing written").arg(path, fileio::lastError()));
         return result;
     }
+    // A refusal (Refused) keeps its code; anything else failed to write.
     const auto fail = [&](const QString& text) {
-        result.error = text;
+        result.outcome = Outcome::failure(
+            result.outcome.ok() ? ResultCode::WriteFailed : result.outcome.code, text);
         ::close(fd);
         return result;
     };
@@ -102,7 +105,7 @@ WriteResult writeInPlace(const QString& path, const QByteArray& content,
         return fail(
             QStringLiteral("cannot read %1: %2; nothing written").arg(path, fileio::lastError()));
     if (previous.size() != content.size()) {
-        result.sizeMismatch = true;
+        result.outcome.code = ResultCode::Refused;
         return fail(QStringLiteral("%1 holds %2 bytes, the image %3; nothing written")
                         .arg(path)
                         .arg(previous.size())
@@ -110,13 +113,13 @@ WriteResult writeInPlace(const QString& path, const QByteArray& content,
     }
     result.pages = changedRanges(previous, content, options.pageSize);
     if (options.dryRun || result.pages.isEmpty()) {
-        result.ok = true;
         ::close(fd);
         return result;
     }
-    if (options.keepBackup && !backups::keep(path, previous, source.mode, options.backupDir, false,
-                                             result.backup, result.error))
-        return fail(result.error + QStringLiteral("; %1 left as it is").arg(path));
+    QString why;
+    if (options.keepBackup &&
+        !backups::keep(path, previous, source.mode, options.backupDir, false, result.backup, why))
+        return fail(why + QStringLiteral("; %1 left as it is").arg(path));
 
     const QString kept = result.backup.isEmpty()
                              ? QStringLiteral("no backup was kept")
@@ -144,18 +147,19 @@ WriteResult writeInPlace(const QString& path, const QByteArray& content,
 
     QByteArray back = content;
     if (!readBack(name, result.pages, back)) {
-        result.error =
-            QStringLiteral("cannot read %1 back: %2; %3").arg(path, fileio::lastError(), kept);
+        result.outcome = Outcome::failure(
+            ResultCode::WriteFailed,
+            QStringLiteral("cannot read %1 back: %2; %3").arg(path, fileio::lastError(), kept));
         return result;
     }
     result.mismatches = changedRanges(back, content, 1);
     result.readBackMatched = result.mismatches.isEmpty();
     if (!result.readBackMatched) {
-        result.error = QStringLiteral("%1: the read-back differs at %2; %3")
-                           .arg(path, rangesText(result.mismatches), kept);
+        result.outcome = Outcome::failure(ResultCode::WriteFailed,
+                                          QStringLiteral("%1: the read-back differs at %2; %3")
+                                              .arg(path, rangesText(result.mismatches), kept));
         return result;
     }
-    result.ok = true;
     return result;
 }
 

@@ -77,18 +77,15 @@ bool readWhole(QFile& file, qint64 size, QByteArray& content, std::shared_ptr<ch
 
 } // namespace
 
-bool EepromImage::fromFile(const QString& path, EepromImage& result, QString& error,
-                           int chainStart) {
-    QString reason;
-    if (readFile(path, result, reason, chainStart))
-        return true;
-    error = QStringLiteral("cannot read %1: %2").arg(path, reason);
-    return false;
+Outcome EepromImage::fromFile(const QString& path, EepromImage& result, int chainStart) {
+    Outcome read = readFile(path, result, chainStart);
+    if (!read.ok())
+        read.message = QStringLiteral("cannot read %1: %2").arg(path, read.message);
+    return read;
 }
 
-bool EepromImage::readFile(const QString& path, EepromImage& result, QString& reason,
-                           int chainStart) {
-    reason.clear();
+Outcome EepromImage::readFile(const QString& path, EepromImage& result, int chainStart) {
+    QString reason;
     QFile file(path);
     QByteArray content;
     std::shared_ptr<char> storage;
@@ -101,8 +98,9 @@ bool EepromImage::readFile(const QString& path, EepromImage& result, QString& re
     // the limit.
     if (opened && (size == 0 || file.isSequential())) {
         ImageSource source;
-        if (!inspectSource(path, source, reason))
-            return false;
+        const Outcome inspected = inspectSource(path, source);
+        if (!inspected.ok())
+            return inspected;
         size = source.size < 0 ? MaxFileSize : source.size;
     }
     if (!opened) {
@@ -120,17 +118,19 @@ bool EepromImage::readFile(const QString& path, EepromImage& result, QString& re
         reason =
             QStringLiteral("too large for an EEPROM image (more than %1 bytes)").arg(MaxFileSize);
     if (!reason.isEmpty())
-        return false;
+        return Outcome::failure(ResultCode::Unreadable, reason);
     result = fromBytes(content, chainStart);
     result.storage = storage;
-    return true;
+    return Outcome::success();
 }
 
 void EepromImage::walk() {
     blocks.clear();
     broken.clear();
     used = 0;
-    auto fail = [this](int offset, const QString& text) { broken.append({offset, text}); };
+    auto fail = [this](int offset, const QString& text) {
+        broken.append({offset, ResultCode::ChainBroken, text});
+    };
     if (image.isEmpty())
         return fail(0, QStringLiteral("the image is empty"));
 
@@ -216,14 +216,7 @@ void EepromImage::check(ImageBlock& entry) const {
             entry.crcOk = entry.eventCounter = head.holdsEventCountMark();
     }
     if (kind == BlockKind::CalibrationTable)
-        entry.overCapacity = tableKinds::overCapacity(entry.id, at(image, entry.offset), size);
-}
-
-int EepromImage::dataBlockCount() const {
-    int count = 0;
-    for (const ImageBlock& entry : blocks)
-        count += entry.isEnd ? 0 : 1;
-    return count;
+        entry.capacity = tableKinds::overCapacity(entry.id, at(image, entry.offset), size);
 }
 
 QByteArray EepromImage::blockBytes(int index) const {
@@ -263,20 +256,20 @@ QVector<ImageProblem> EepromImage::problems() const {
         const QString block = QStringLiteral("block %1: ").arg(entry.id);
         if (!entry.checksumOk)
             found.append(
-                {entry.offset,
+                {entry.offset, ResultCode::ChecksumFailed,
                  block + QStringLiteral("checksum BAD (stored %1, computed %2)")
                              .arg(hex16(entry.storedChecksum), hex16(entry.computedChecksum))});
         // A block of 11 bytes or less fails even where the bytes it has agree.
         if (!entry.crcOk && entry.size <= 11)
             found.append(
-                {entry.offset,
+                {entry.offset, ResultCode::CrcFailed,
                  block + QStringLiteral("CRC-32 BAD (%1 bytes cannot hold one)").arg(entry.size)});
         else if (!entry.crcOk)
-            found.append(
-                {entry.offset, block + QStringLiteral("CRC-32 BAD (stored %1, computed %2)")
-                                           .arg(hex32(entry.storedCrc), hex32(entry.computedCrc))});
-        if (!entry.overCapacity.isEmpty())
-            found.append({entry.offset, block + entry.overCapacity});
+            found.append({entry.offset, ResultCode::CrcFailed,
+                          block + QStringLiteral("CRC-32 BAD (stored %1, computed %2)")
+                                      .arg(hex32(entry.storedCrc), hex32(entry.computedCrc))});
+        if (!entry.capacity.ok())
+            found.append({entry.offset, entry.capacity.code, block + entry.capacity.message});
     }
     return found + broken;
 }
@@ -296,42 +289,38 @@ int EepromImage::endOffset() const {
     return blocks.last().offset;
 }
 
-bool EepromImage::replaceBlock(int index, const QByteArray& block, QString& error) {
+Outcome EepromImage::replaceBlock(int index, const QByteArray& block) {
     QMap<int, QByteArray> one;
     one.insert(index, block);
-    return replaceBlocks(one, error);
+    return replaceBlocks(one);
 }
 
-bool EepromImage::replaceBlocks(const QMap<int, QByteArray>& replacements, QString& error) {
-    if (chainBroken()) {
-        error = QStringLiteral("the chain is broken");
-        return false;
-    }
+Outcome EepromImage::replaceBlocks(const QMap<int, QByteArray>& replacements) {
+    if (chainBroken())
+        return Outcome::failure(ResultCode::ChainBroken, QStringLiteral("the chain is broken"));
     for (auto it = replacements.begin(); it != replacements.end(); ++it) {
         const QByteArray& block = it.value();
-        if (it.key() < 0 || it.key() >= blocks.size() || blocks[it.key()].isEnd) {
-            error = QStringLiteral("there is no data block %1").arg(it.key());
-            return false;
-        }
+        if (it.key() < 0 || it.key() >= blocks.size() || blocks[it.key()].isEnd)
+            return Outcome::failure(ResultCode::UnknownBlock,
+                                    QStringLiteral("there is no data block %1").arg(it.key()));
         const header::BlockHeader head = header::read(block);
-        if (block.size() < header::Size || head.size != block.size() || head.isEnd()) {
-            error = QStringLiteral("the new block %1 of %2 bytes is not a block image")
-                        .arg(it.key())
-                        .arg(block.size());
-            return false;
-        }
+        if (block.size() < header::Size || head.size != block.size() || head.isEnd())
+            return Outcome::failure(
+                ResultCode::Corrupt,
+                QStringLiteral("the new block %1 of %2 bytes is not a block image")
+                    .arg(it.key())
+                    .arg(block.size()));
     }
     QByteArray rebuilt = image.left(start);
     rebuilt.reserve(image.size());
     for (int i = 0; i < blocks.size(); ++i)
         rebuilt += replacements.contains(i) ? replacements.value(i)
                                             : image.mid(blocks[i].offset, blocks[i].size);
-    if (rebuilt.size() > image.size()) {
-        error = QStringLiteral("the new chain needs %1 bytes, the image holds %2")
-                    .arg(rebuilt.size())
-                    .arg(image.size());
-        return false;
-    }
+    if (rebuilt.size() > image.size())
+        return Outcome::failure(ResultCode::NoRoom,
+                                QStringLiteral("the new chain needs %1 bytes, the image holds %2")
+                                    .arg(rebuilt.size())
+                                    .arg(image.size()));
     // The free bytes follow as they were: a grown chain cuts them short at the end, a shrunk
     // one is filled up with erased bytes.
     rebuilt += image.mid(used);
@@ -341,7 +330,7 @@ bool EepromImage::replaceBlocks(const QMap<int, QByteArray>& replacements, QStri
         rebuilt += QByteArray(image.size() - rebuilt.size(), '\xFF');
     image = rebuilt;
     walk();
-    return true;
+    return Outcome::success();
 }
 
 } // namespace Tupsim

@@ -136,8 +136,11 @@ BatchTally forEachImage(const QStringList& paths, bool recursive, int chainStart
         BatchItem item;
         item.path = path;
         item.reason = reason;
-        if (reason.isEmpty())
-            item.readable = EepromImage::readFile(path, item.image, item.reason, chainStart);
+        if (reason.isEmpty()) {
+            const Outcome read = EepromImage::readFile(path, item.image, chainStart);
+            item.readable = read.ok();
+            item.reason = read.message;
+        }
         tally.add(item);
         visit(item);
     });

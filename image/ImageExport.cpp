@@ -34,8 +34,8 @@ std::string exportBlock(const EepromImage& image, int index) {
     const QByteArray bytes = image.blockBytes(index);
     // A table prints as many rows and columns as its counts claim, which a damaged image may
     // set to millions: such a block is written as bytes.
-    if (!entry.overCapacity.isEmpty())
-        return hexForm(kind, bytes, QStringLiteral(": ") + entry.overCapacity);
+    if (!entry.capacity.ok())
+        return hexForm(kind, bytes, QStringLiteral(": ") + entry.capacity.message);
     std::ostringstream out;
     if (kind.kind == BlockKind::SelfDescribing) {
         HwDatablock2Edition block;

@@ -114,8 +114,8 @@ QString importBlocker(const tableKinds::TableKind& kind, const ImageBlock& entry
         return QStringLiteral("its size is %1 bytes, the table's image has %2")
             .arg(block.size())
             .arg(kind.imageSize);
-    if (!entry.overCapacity.isEmpty())
-        return QStringLiteral("its ") + entry.overCapacity;
+    if (!entry.capacity.ok())
+        return QStringLiteral("its ") + entry.capacity.message;
     if (again == block)
         return QString();
     if (again.isEmpty())
@@ -147,10 +147,10 @@ QStringList sectionBody(const QByteArray& section) {
 }
 
 // Reads a record block back from its section field by field. A field whose line shows the
-// value the block prints keeps its stored bytes; an edited one goes through its setter. False,
-// with `error`, when an edited value does not fit its field.
-bool readRecord(ImportedBlock& block, const QVector<RecordField>& fields, const QStringList& body,
-                int idLine, QString& error) {
+// value the block prints keeps its stored bytes; an edited one goes through its setter, whose
+// refusal, naming the section, is the outcome.
+Outcome readRecord(ImportedBlock& block, const QVector<RecordField>& fields, const QStringList& body,
+                   int idLine) {
     QByteArray after = block.before;
     QStringList changes;
     for (const RecordField& field : fields) {
@@ -163,13 +163,11 @@ bool readRecord(ImportedBlock& block, const QVector<RecordField>& fields, const 
         if (value == field.value)
             continue;
         const Outcome set = recordFields::setField(after, field.name, value);
-        if (!set.ok()) {
-            error = QStringLiteral("section %1 (line %2), %3")
-                        .arg(block.name)
-                        .arg(idLine)
-                        .arg(set.message);
-            return false;
-        }
+        if (!set.ok())
+            return Outcome::failure(set.code, QStringLiteral("section %1 (line %2), %3")
+                                                  .arg(block.name)
+                                                  .arg(idLine)
+                                                  .arg(set.message));
         changes << QStringLiteral("%1 %2 -> %3").arg(field.name, field.value, value);
     }
     // Summarised as the table readers' complaints are: the first five, then a count.
@@ -181,7 +179,7 @@ bool readRecord(ImportedBlock& block, const QVector<RecordField>& fields, const 
     }
     if (after == block.before) {
         block.outcome = ImportedBlock::Unchanged;
-        return true;
+        return Outcome::success();
     }
     block.outcome = ImportedBlock::Changed;
     block.after = after;
@@ -189,7 +187,7 @@ bool readRecord(ImportedBlock& block, const QVector<RecordField>& fields, const 
         changes.join(QStringLiteral(", ")) +
         QStringLiteral(", checksum %1 -> %2")
             .arg(hex16(header::read(block.before).checksum), hex16(header::read(after).checksum));
-    return true;
+    return Outcome::success();
 }
 
 // What the checks of a stored block would find wrong with `block`; empty when it passes.
@@ -273,21 +271,6 @@ QString TableChange::differences() const {
     return QStringLiteral("reads back %1 differently").arg(parts.join(QStringLiteral(" and ")));
 }
 
-int ImportPlan::changedCount() const {
-    int changed = 0;
-    for (const ImportedBlock& block : blocks)
-        changed += block.outcome == ImportedBlock::Changed ? 1 : 0;
-    return changed;
-}
-
-QMap<int, QByteArray> ImportPlan::replacements() const {
-    QMap<int, QByteArray> changed;
-    for (const ImportedBlock& block : blocks)
-        if (block.outcome == ImportedBlock::Changed)
-            changed.insert(block.index, block.after);
-    return changed;
-}
-
 ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationText) {
     ImportPlan plan;
     const Sections sections(calibrationText);
@@ -312,10 +295,9 @@ ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationTex
         if (!fields.isEmpty()) {
             ImportedBlock block = importedBlock(image, i, name);
             const int idLine = sections.lineOf.value(name);
-            if (!readRecord(block, fields, sectionBody(sections.body(name)), idLine, plan.error)) {
-                plan.ok = false;
+            plan.outcome = readRecord(block, fields, sectionBody(sections.body(name)), idLine);
+            if (!plan.ok())
                 return plan;
-            }
             recordNames.insert(name);
             plan.blocks.append(block);
             continue;
@@ -325,7 +307,7 @@ ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationTex
 
         ImportedBlock block = importedBlock(image, i, name);
         const QByteArray unedited =
-            entry.overCapacity.isEmpty() ? ownReadBack(*table, block.before) : QByteArray();
+            entry.capacity.ok() ? ownReadBack(*table, block.before) : QByteArray();
         block.note = importBlocker(*table, entry, block.before, unedited);
         if (!block.note.isEmpty()) {
             block.outcome = ImportedBlock::NotImportable;
@@ -344,9 +326,9 @@ ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationTex
         const TextReadStatus& status = read->status;
         const QByteArray& edited = read->edited;
         if (!status.ok()) {
-            plan.ok = false;
-            plan.error = QStringLiteral("section %1, %2")
-                             .arg(name, QString::fromStdString(status.message()));
+            plan.outcome = Outcome::failure(
+                ResultCode::BadText, QStringLiteral("section %1, %2")
+                                         .arg(name, QString::fromStdString(status.message())));
             return plan;
         }
         block.complaints = complaintLines(status);
@@ -374,13 +356,16 @@ ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationTex
         if (block.outcome != ImportedBlock::Changed)
             continue;
         const QString problem = blockProblem(block.after);
-        if (problem.isEmpty())
+        if (problem.isEmpty()) {
+            plan.replace.insert(block.index, block.after);
             continue;
-        plan.ok = false;
-        plan.error = QStringLiteral("section %1 (line %2): the block read back %3")
-                         .arg(block.name)
-                         .arg(sections.lineOf.value(block.name))
-                         .arg(problem);
+        }
+        plan.outcome = Outcome::failure(
+            ResultCode::Corrupt, QStringLiteral("section %1 (line %2): the block read back %3")
+                                     .arg(block.name)
+                                     .arg(sections.lineOf.value(block.name))
+                                     .arg(problem));
+        plan.replace.clear();
         return plan;
     }
     for (const Sections::Section& section : sections.inOrder) {
@@ -393,15 +378,6 @@ ImportPlan planImport(const EepromImage& image, const QByteArray& calibrationTex
             plan.skipped.append({section.name, section.line, skipReason(*found)});
     }
     return plan;
-}
-
-bool applyImport(EepromImage& image, const ImportPlan& plan, QString& error) {
-    if (!plan.ok) {
-        error = plan.error;
-        return false;
-    }
-    const QMap<int, QByteArray> changed = plan.replacements();
-    return changed.isEmpty() || image.replaceBlocks(changed, error);
 }
 
 } // namespace Tupsim

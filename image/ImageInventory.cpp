@@ -118,7 +118,7 @@ InventoryRow rowOf(const BatchItem& item) {
         row.reason = problemText(image.chainProblems().first());
     else if (!problems.isEmpty())
         row.reason = problemText(problems.first());
-    row.blocks = image.dataBlockCount();
+    row.blocks = image.blockCount();
     readRecords(image, row);
     return row;
 }

@@ -24,10 +24,10 @@ RepairPlan planRepair(const EepromImage& image, int onlyId) {
         if (entry.checksumOk && entry.crcOk)
             continue;
         if (entry.hasCrc && entry.size <= 11) {
-            plan.refused.append({entry.offset, QStringLiteral("block %1: %2 bytes cannot hold a "
-                                                              "CRC-32, left alone")
-                                                   .arg(entry.id)
-                                                   .arg(entry.size)});
+            plan.notes.append({entry.offset, ResultCode::Refused,
+                               QStringLiteral("block %1: %2 bytes cannot hold a CRC-32, left alone")
+                                   .arg(entry.id)
+                                   .arg(entry.size)});
             continue;
         }
         BlockRepair repair;
@@ -46,30 +46,14 @@ RepairPlan planRepair(const EepromImage& image, int onlyId) {
         repair.checksumAfter =
             checks::blockChecksum(at(block, 0), static_cast<std::size_t>(block.size()));
         repair.checksum = repair.checksumAfter != repair.checksumBefore;
+        header::writeChecksum(block, 0, repair.checksumAfter);
+        plan.replace.insert(i, block);
         plan.repairs.append(repair);
     }
     for (const ImageProblem& problem : image.chainProblems())
-        plan.refused.append({problem.offset, problem.text + QStringLiteral(", left alone")});
+        plan.notes.append(
+            {problem.offset, problem.code, problem.text + QStringLiteral(", left alone")});
     return plan;
-}
-
-bool applyRepair(EepromImage& image, const RepairPlan& plan, QString& error) {
-    if (plan.repairs.isEmpty())
-        return true;
-    QByteArray bytes = image.bytes();
-    for (const BlockRepair& repair : plan.repairs) {
-        const auto offset = static_cast<std::uint64_t>(repair.offset);
-        const bool fits = (!repair.crc || header::writeCrc32(bytes, offset, repair.crcAfter)) &&
-                          header::writeChecksum(bytes, offset, repair.checksumAfter);
-        if (!fits) {
-            error = QStringLiteral("block %1 at %2 lies outside the image")
-                        .arg(repair.id)
-                        .arg(hex16(static_cast<unsigned>(repair.offset)));
-            return false;
-        }
-    }
-    image = EepromImage::fromBytes(bytes, image.chainStart());
-    return true;
 }
 
 } // namespace Tupsim

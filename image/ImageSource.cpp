@@ -19,13 +19,15 @@ constexpr long kSysfsMagic = 0x62656572;
 
 } // namespace
 
-bool inspectSource(const QString& path, ImageSource& source, QString& reason) {
+Outcome inspectSource(const QString& path, ImageSource& source) {
+    const auto unreadable = [](int error) {
+        return Outcome::failure(ResultCode::Unreadable,
+                                QString::fromLocal8Bit(std::strerror(error)));
+    };
     const QByteArray name = QFile::encodeName(path);
     struct stat status {};
-    if (::stat(name.constData(), &status) != 0) {
-        reason = QString::fromLocal8Bit(std::strerror(errno));
-        return false;
-    }
+    if (::stat(name.constData(), &status) != 0)
+        return unreadable(errno);
     source = ImageSource();
     source.mode = status.st_mode & 0777;
     source.size = status.st_size;
@@ -40,10 +42,8 @@ bool inspectSource(const QString& path, ImageSource& source, QString& reason) {
         const int saved = errno;
         if (fd >= 0)
             ::close(fd);
-        if (!known) {
-            reason = QString::fromLocal8Bit(std::strerror(saved));
-            return false;
-        }
+        if (!known)
+            return unreadable(saved);
         source.size = static_cast<qint64>(bytes);
     } else if (S_ISCHR(status.st_mode)) {
         source.kind = ImageSource::CharDevice;
@@ -56,7 +56,7 @@ bool inspectSource(const QString& path, ImageSource& source, QString& reason) {
         source.kind = ImageSource::Other;
         source.size = -1;
     }
-    return true;
+    return Outcome::success();
 }
 
 } // namespace Tupsim

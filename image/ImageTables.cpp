@@ -18,17 +18,16 @@ QString cellText(quint32 row, quint32 col) {
     return QStringLiteral("cell (%1, %2)").arg(row).arg(col);
 }
 
-TableEdit setCell(EepromImage& image, int index, quint32 row, quint32 col, double value,
-                  bool scaled, QString& error) {
+Outcome setCell(EepromImage& image, int index, quint32 row, quint32 col, double value,
+                bool scaled) {
     const tableKinds::TableKind* kind = kindAt(image, index);
-    if (kind == nullptr) {
-        error = index < 0 || index >= image.blockCount()
-                    ? QStringLiteral("no block %1 in the image").arg(index)
-                    : QStringLiteral("block %1 (%2) is no calibration table")
-                          .arg(image.block(index).id)
-                          .arg(image.name(index));
-        return TableEdit::NotATable;
-    }
+    if (kind == nullptr)
+        return Outcome::failure(ResultCode::UnknownBlock,
+                                index < 0 || index >= image.blockCount()
+                                    ? QStringLiteral("no block %1 in the image").arg(index)
+                                    : QStringLiteral("block %1 (%2) is no calibration table")
+                                          .arg(image.block(index).id)
+                                          .arg(image.name(index)));
     const QString name = image.name(index);
     QByteArray result;
     QString rule;
@@ -37,26 +36,23 @@ TableEdit setCell(EepromImage& image, int index, quint32 row, quint32 col, doubl
     if (edit == TableEdit::OutOfRange) {
         TableContent content;
         kind->content(image.blockBytes(index), content);
-        error = QStringLiteral("%1 is outside the %2*%3 cells of %4")
-                    .arg(cellText(row, col))
-                    .arg(content.shownRows())
-                    .arg(content.shownCols())
-                    .arg(name);
-        return edit;
+        return Outcome::failure(ResultCode::OutOfRange,
+                                QStringLiteral("%1 is outside the %2*%3 cells of %4")
+                                    .arg(cellText(row, col))
+                                    .arg(content.shownRows())
+                                    .arg(content.shownCols())
+                                    .arg(name));
     }
-    if (edit == TableEdit::DoesNotFit) {
-        error = QStringLiteral("%1 of %2: %3 does not fit the stored %4")
-                    .arg(cellText(row, col), name)
-                    .arg(value, 0, 'g', 17)
-                    .arg(rule);
-        return edit;
-    }
-    QString reason;
-    if (!image.replaceBlock(index, result, reason)) {
-        error = QStringLiteral("cannot replace %1: %2").arg(name, reason);
-        return TableEdit::NotReplaced;
-    }
-    return TableEdit::Ok;
+    if (edit == TableEdit::DoesNotFit)
+        return Outcome::failure(ResultCode::DoesNotFit,
+                                QStringLiteral("%1 of %2: %3 does not fit the stored %4")
+                                    .arg(cellText(row, col), name)
+                                    .arg(value, 0, 'g', 17)
+                                    .arg(rule));
+    Outcome replaced = image.replaceBlock(index, result);
+    if (!replaced.ok())
+        replaced.message = QStringLiteral("cannot replace %1: %2").arg(name, replaced.message);
+    return replaced;
 }
 
 } // namespace
@@ -74,14 +70,12 @@ bool readTable(const EepromImage& image, int index, TableContent& content) {
     return true;
 }
 
-TableEdit setTableCell(EepromImage& image, int index, quint32 row, quint32 col, double value,
-                       QString& error) {
-    return setCell(image, index, row, col, value, true, error);
+Outcome setTableCell(EepromImage& image, int index, quint32 row, quint32 col, double value) {
+    return setCell(image, index, row, col, value, true);
 }
 
-TableEdit setTableRaw(EepromImage& image, int index, quint32 row, quint32 col, double raw,
-                      QString& error) {
-    return setCell(image, index, row, col, raw, false, error);
+Outcome setTableRaw(EepromImage& image, int index, quint32 row, quint32 col, double raw) {
+    return setCell(image, index, row, col, raw, false);
 }
 
 } // namespace Tupsim

@@ -38,7 +38,7 @@ ReportSide sideOf(const EepromImage& image) {
     side.ok = image.ok();
     side.chainBroken = image.chainBroken();
     side.size = image.size();
-    side.blocks = image.dataBlockCount();
+    side.blocks = image.blockCount();
     const QVector<ImageProblem> problems = image.problems();
     side.problemCount = problems.size();
     side.problems = problems.mid(0, ModuleReport::MaxProblems);

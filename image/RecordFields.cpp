@@ -129,7 +129,7 @@ QVector<RecordField> fields(const QByteArray& block) {
 Outcome setField(QByteArray& block, const QString& name, const QString& text) {
     const records::RecordSchema* schema = schemaOfBlock(block);
     if (schema == nullptr)
-        return Outcome::failure(ResultCode::UnknownField,
+        return Outcome::failure(ResultCode::NoFields,
                                 QStringLiteral("block %1 has no named fields").arg(idOf(block)));
     const std::vector<records::Field> defs = records::fieldsOf(*schema, block);
     const records::Field* def = nullptr;
@@ -162,7 +162,7 @@ Outcome setField(QByteArray& block, const QString& name, const QString& text) {
                                     .arg(def->name, text, why, records::rule(*def)));
     const std::unique_ptr<HwDatablock> object = objectOf(*schema, block);
     if (!object)
-        return Outcome::failure(ResultCode::UnknownField,
+        return Outcome::failure(ResultCode::NoFields,
                                 QStringLiteral("block %1 has no named fields").arg(idOf(block)));
     def->row->set(*object, value, def->index);
     block = object->getByteArrayData();

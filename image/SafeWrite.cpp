@@ -27,54 +27,59 @@ WriteResult replaceFile(const QString& path, const QByteArray& content, const Wr
         QFile file(target);
         if (!file.open(QIODevice::ReadOnly) ||
             (previous = file.readAll(), file.error() != QFileDevice::NoError)) {
-            result.error =
-                QStringLiteral("cannot read %1 to keep a backup: %2").arg(path, file.errorString());
+            result.outcome = Outcome::failure(ResultCode::WriteFailed,
+                                              QStringLiteral("cannot read %1 to keep a backup: %2")
+                                                  .arg(path, file.errorString()));
             return result;
         }
     }
     if (options.sameSize && source != nullptr && previous.size() != content.size()) {
-        result.sizeMismatch = true;
-        result.error = QStringLiteral("%1 holds %2 bytes, the image %3")
-                           .arg(path)
-                           .arg(previous.size())
-                           .arg(content.size());
+        result.outcome =
+            Outcome::failure(ResultCode::Refused, QStringLiteral("%1 holds %2 bytes, the image %3")
+                                                      .arg(path)
+                                                      .arg(previous.size())
+                                                      .arg(content.size()));
         return result;
     }
     result.pages = changedRanges(previous, content, options.pageSize);
     if (options.dryRun) {
-        result.ok = true;
         return result;
     }
     // A new file gets what the umask allows; a replaced one keeps its permissions, and so do its
     // backup and the temporary file.
     const unsigned mode = source != nullptr ? source->mode : fileio::kDefaultMode;
+    QString why;
     if (options.keepBackup && source != nullptr &&
-        !backups::keep(target, previous, mode, options.backupDir, true, result.backup,
-                       result.error))
-        return result;
-    QString reason;
-    if (!fileio::publish(target, content, mode, true, reason)) {
-        result.error = QStringLiteral("cannot write %1: %2").arg(path, reason);
+        !backups::keep(target, previous, mode, options.backupDir, true, result.backup, why)) {
+        result.outcome = Outcome::failure(ResultCode::WriteFailed, why);
         return result;
     }
-    result.ok = true;
+    QString reason;
+    if (!fileio::publish(target, content, mode, true, reason)) {
+        result.outcome = Outcome::failure(ResultCode::WriteFailed,
+                                          QStringLiteral("cannot write %1: %2").arg(path, reason));
+        return result;
+    }
     return result;
 }
 
 WriteResult writeImage(const QString& path, const QByteArray& content,
                        const WriteOptions& options) {
     ImageSource source;
-    QString reason;
-    if (!inspectSource(path, source, reason)) {
+    const Outcome inspected = inspectSource(path, source);
+    if (!inspected.ok()) {
         if (errno == ENOENT && !options.inPlace)
             return replaceFile(path, content, options, nullptr);
         WriteResult result;
-        result.error = QStringLiteral("cannot write %1: %2").arg(path, reason);
+        result.outcome =
+            Outcome::failure(ResultCode::WriteFailed,
+                             QStringLiteral("cannot write %1: %2").arg(path, inspected.message));
         return result;
     }
     if (source.kind == ImageSource::Directory) {
         WriteResult result;
-        result.error = QStringLiteral("cannot write %1: Is a directory").arg(path);
+        result.outcome = Outcome::failure(
+            ResultCode::WriteFailed, QStringLiteral("cannot write %1: Is a directory").arg(path));
         return result;
     }
     if (options.inPlace || source.inPlaceOnly() || source.kind == ImageSource::Other)
@@ -82,12 +87,10 @@ WriteResult writeImage(const QString& path, const QByteArray& content,
     return replaceFile(path, content, options, &source);
 }
 
-bool safeWrite(const QString& path, const QByteArray& content, bool keepBackup, QString& error) {
+Outcome safeWrite(const QString& path, const QByteArray& content, bool keepBackup) {
     WriteOptions options;
     options.keepBackup = keepBackup;
-    const WriteResult result = writeImage(path, content, options);
-    error = result.error;
-    return result.ok;
+    return writeImage(path, content, options).outcome;
 }
 
 } // namespace Tupsim

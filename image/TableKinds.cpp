@@ -251,12 +251,12 @@ bool isAxis(quint16 id) {
     return entry != nullptr && entry->isAxis;
 }
 
-QString overCapacity(quint16 id, const unsigned char* block, std::size_t size) {
+Outcome overCapacity(quint16 id, const unsigned char* block, std::size_t size) {
     // The table list's class where it names the id, else the directory's misc-data table.
     const catalogue::Entry* entry = catalogue::find(id);
     if (entry == nullptr ||
         (entry->table == nullptr && entry->info.tableTemplate != TableTemplate::Misc))
-        return QString();
+        return Outcome::success();
     const quint32 maxRows = entry->table ? entry->table->maxRows : entry->maxRows;
     const quint32 maxCols = entry->table ? entry->table->maxCols : entry->maxCols;
     const int countsOffset = entry->table ? entry->table->countsOffset : entry->countsOffset;
@@ -264,12 +264,13 @@ QString overCapacity(quint16 id, const unsigned char* block, std::size_t size) {
     const quint32 rows = bytes::getLE<quint32>(base, size, countsOffset);
     const quint32 cols = bytes::getLE<quint32>(base, size, countsOffset + 4);
     if (rows <= maxRows && cols <= maxCols)
-        return QString();
-    return QStringLiteral("counts %1*%2 exceed the capacity %3*%4")
-        .arg(rows)
-        .arg(cols)
-        .arg(maxRows)
-        .arg(maxCols);
+        return Outcome::success();
+    return Outcome::failure(ResultCode::OverCapacity,
+                            QStringLiteral("counts %1*%2 exceed the capacity %3*%4")
+                                .arg(rows)
+                                .arg(cols)
+                                .arg(maxRows)
+                                .arg(maxCols));
 }
 
 } // namespace tableKinds

@@ -4,6 +4,7 @@
 
 #include "ImageImport.h"
 #include "ImageTables.h"
+#include "Outcome.h"
 #include "TextReadStatus.h"
 
 #include <QByteArray>
@@ -47,9 +48,9 @@ struct TableKind {
 const TableKind* find(quint16 id);
 // True when `id` is the frequency vector of some table of the catalogue.
 bool isAxis(quint16 id);
-// "counts 5*3 exceed the capacity 4*10" when the counts of a table image do not fit its class;
-// empty when they fit or `id` is no table of the catalogue.
-QString overCapacity(quint16 id, const unsigned char* block, std::size_t size);
+// OverCapacity, "counts 5*3 exceed the capacity 4*10", when the counts of a table image do not
+// fit its class; ok when they fit or `id` is no table of the catalogue.
+Outcome overCapacity(quint16 id, const unsigned char* block, std::size_t size);
 
 } // namespace tableKinds
 } // namespace Tupsim

@@ -4,6 +4,7 @@
 
 #include "BlockCatalogue.h"
 #include "EpromDatablockGlobal.h"
+#include "Outcome.h"
 
 #include <QByteArray>
 #include <QMap>
@@ -18,6 +19,7 @@ class HwDatablock;
 // One thing found wrong in an image, at the offset where it was found.
 struct ImageProblem {
     int offset = 0;
+    ResultCode code = ResultCode::Corrupt; // ChecksumFailed, CrcFailed, OverCapacity, ChainBroken
     QString text; // "block 15731: checksum BAD (stored 0x1234, computed 0x4321)"
 };
 
@@ -40,10 +42,11 @@ struct ImageBlock {
     bool crcOk = true;
     bool eventCounter = false; // the CRC field holds the event-counter mark instead of a CRC
 
-    // A calibration table whose counts exceed what its class can hold; empty when they fit.
-    QString overCapacity;
+    // OverCapacity, with "counts 5*3 exceed the capacity 4*10", for a calibration table whose
+    // counts exceed what its class can hold.
+    Outcome capacity;
 
-    bool ok() const { return checksumOk && crcOk && overCapacity.isEmpty(); }
+    bool ok() const { return checksumOk && crcOk && capacity.ok(); }
 };
 
 class EPROMDATABLOCK_EXPORT EepromImage {
@@ -55,14 +58,12 @@ public:
     // they are, and block offsets count from the start of `bytes`. A start at or past the end
     // is a broken chain.
     static EepromImage fromBytes(const QByteArray& bytes, int chainStart = 0);
-    // Reads a whole file of at most MaxFileSize bytes; false, with `error` ("cannot read PATH:
-    // REASON"), when it cannot.
-    static bool fromFile(const QString& path, EepromImage& image, QString& error,
-                         int chainStart = 0);
-    // As fromFile, with only the reason in `reason` ("No such file or directory"), for reports
+    // Reads a whole file of at most MaxFileSize bytes into `image`; Unreadable ("cannot read
+    // PATH: REASON") when it cannot.
+    static Outcome fromFile(const QString& path, EepromImage& image, int chainStart = 0);
+    // As fromFile, with only the reason as message ("No such file or directory"), for reports
     // that show the path apart.
-    static bool readFile(const QString& path, EepromImage& image, QString& reason,
-                         int chainStart = 0);
+    static Outcome readFile(const QString& path, EepromImage& image, int chainStart = 0);
     static constexpr qint64 MaxFileSize = 16 * 1024 * 1024;
 
     const QByteArray& bytes() const { return image; }
@@ -70,11 +71,10 @@ public:
     int chainStart() const { return start; }
     int size() const { return image.size(); }
 
-    // The blocks in chain order; the end block, when found, is the last one.
+    // The blocks in chain order; the end block, when found, is the last one and counts as a
+    // block: every count of blocks the library, the tool and the Python module show includes it.
     int blockCount() const { return blocks.size(); }
     const ImageBlock& block(int index) const { return blocks[index]; }
-    // Blocks other than the end block.
-    int dataBlockCount() const;
     // The block's own bytes, exactly its size.
     QByteArray blockBytes(int index) const;
     // What the catalogue knows about the block's id.
@@ -104,12 +104,12 @@ public:
     // Replaces block `index` with `block` (a whole image of one block, header included). The
     // bytes before the chain stay as they are, and the image keeps its length: the free bytes
     // follow the new end block as they were, cut short at the end of the image when the chain
-    // grew, filled up with 0xFF there when it shrank. False, with `error`, when the chain is
-    // broken, the index is not a data block, the new block is not a block image, or the chain
-    // would no longer fit.
-    bool replaceBlock(int index, const QByteArray& block, QString& error);
+    // grew, filled up with 0xFF there when it shrank. ChainBroken, UnknownBlock (the index is
+    // not a data block), Corrupt (the new block is not a block image) or NoRoom (the chain
+    // would no longer fit), with the image unchanged.
+    Outcome replaceBlock(int index, const QByteArray& block);
     // Replaces several blocks at once, by index; all or nothing.
-    bool replaceBlocks(const QMap<int, QByteArray>& replacements, QString& error);
+    Outcome replaceBlocks(const QMap<int, QByteArray>& replacements);
 
 private:
     void walk();

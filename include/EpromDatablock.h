@@ -80,3 +80,5 @@
 #include "ImageExport.h"
 #include "ImageImport.h"
 #include "ImageInventory.h"
+#include "ImagePlan.h"
+#include "ReportModel.h"

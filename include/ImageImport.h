@@ -2,7 +2,7 @@
 // would become, then, when nothing in the file was malformed, applying it.
 #pragma once
 
-#include "EepromImage.h"
+#include "ImagePlan.h"
 
 #include <QStringList>
 
@@ -52,26 +52,22 @@ struct SkippedSection {
         reason; // "identification blocks are not imported", "no block of the image has this name"
 };
 
-struct EPROMDATABLOCK_EXPORT ImportPlan {
-    // False when a section is malformed: nothing may be written. `error` then names the
-    // section, the line and what was wrong.
-    bool ok = true;
-    QString error;
+// Not ok when a section is malformed (BadText, or Corrupt for a block that reads back
+// failing its checks, or the code of a record field that refuses its value): nothing may be
+// written, and the message names the section, the line and what was wrong. The changed blocks
+// are in `replace`.
+struct EPROMDATABLOCK_EXPORT ImportPlan : ImagePlan {
     QVector<ImportedBlock> blocks; // every table block with a section in the file, chain order
     QVector<SkippedSection> skipped;
 
-    int changedCount() const;
-    // Position in the chain to the new bytes of every changed block.
-    QMap<int, QByteArray> replacements() const;
+    int changedCount() const { return replace.size(); }
 };
 
 // Reads every calibration table of `image` whose class reads its section back and whose
 // section `calibrationText` holds. Tables whose values only round in their text form take the
-// edited cells alone; blocks that are not importable pass through untouched.
+// edited cells alone; blocks that are not importable pass through untouched. Applied with
+// applyPlan.
 EPROMDATABLOCK_EXPORT ImportPlan planImport(const EepromImage& image,
                                             const QByteArray& calibrationText);
-// Replaces the changed blocks; false, with `error`, when the plan is not ok or the new chain
-// does not fit.
-EPROMDATABLOCK_EXPORT bool applyImport(EepromImage& image, const ImportPlan& plan, QString& error);
 
 } // namespace Tupsim

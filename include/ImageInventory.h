@@ -20,7 +20,7 @@ struct InventoryRow {
     ImageVerdict verdict = ImageVerdict::Unreadable;
     QString reason;   // the first problem with its offset, or why the file could not be read
     int problems = 0; // failed checks and chain problems
-    int blocks = -1;  // data blocks read (before a break); -1 when unreadable
+    int blocks = -1;  // blocks read, the end block included; -1 when unreadable
     // From the first identification block (IDENT_2 ... IDENT_10), where `identified`.
     bool identified = false;
     QString partNumber; // "1234.5678.02": number, sub-number, variant

@@ -1,7 +1,7 @@
 // Repairing stale 16-bit checksums and CRC-32s of the blocks of an image.
 #pragma once
 
-#include "EepromImage.h"
+#include "ImagePlan.h"
 
 namespace Tupsim {
 
@@ -18,18 +18,16 @@ struct BlockRepair {
     quint32 crcAfter = 0;
 };
 
-struct RepairPlan {
-    QVector<BlockRepair> repairs;  // chain order
-    QVector<ImageProblem> refused; // what cannot be repaired, left alone
-    bool nothingToDo() const { return repairs.isEmpty(); }
+// The blocks with new checksums and CRC-32s in `replace`; what cannot be repaired, left alone,
+// in `notes`.
+struct RepairPlan : ImagePlan {
+    QVector<BlockRepair> repairs; // chain order
 };
 
 // Every block whose 16-bit checksum or CRC-32 fails, or only those with `onlyId` when it is
 // not negative. A CRC-32 is recomputed first, so that the checksum covers the new one. What the
-// chain walk cannot delimit, and blocks too short for a CRC-32, are refused.
+// chain walk cannot delimit, and blocks too short for a CRC-32, are refused. Applied with
+// applyPlan, which changes only the checksum and CRC-32 fields.
 EPROMDATABLOCK_EXPORT RepairPlan planRepair(const EepromImage& image, int onlyId = -1);
-// Stores the new values; every other byte stays. False, with `error`, when the plan does not
-// fit the image.
-EPROMDATABLOCK_EXPORT bool applyRepair(EepromImage& image, const RepairPlan& plan, QString& error);
 
 } // namespace Tupsim

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "EpromDatablockGlobal.h"
+#include "Outcome.h"
 
 #include <QString>
 
@@ -20,8 +21,8 @@ struct ImageSource {
     bool inPlaceOnly() const { return kind == BlockDevice || kind == CharDevice || kind == Sysfs; }
 };
 
-// Looks at `path` (following symbolic links) without reading its content; false, with the
+// Looks at `path` (following symbolic links) without reading its content; Unreadable, with the
 // system's reason ("No such file or directory"), when it cannot.
-EPROMDATABLOCK_EXPORT bool inspectSource(const QString& path, ImageSource& source, QString& reason);
+EPROMDATABLOCK_EXPORT Outcome inspectSource(const QString& path, ImageSource& source);
 
 } // namespace Tupsim

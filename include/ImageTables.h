@@ -36,13 +36,11 @@ struct TableContent {
     quint32 shownCols() const { return cols < maxCols ? cols : maxCols; }
 };
 
-// Outcome of setting a cell; every failure leaves the image as it was.
+// What a table class says about setting one cell of its image.
 enum class TableEdit {
     Ok,
-    NotATable,  // the block is no calibration table of the catalogue
     OutOfRange, // the cell is outside the counts or the capacity
     DoesNotFit, // the value does not fit the stored type
-    NotReplaced // the image did not take the new block (a broken chain)
 };
 
 // True when block `index` is a calibration table whose cells can be read and set.
@@ -50,12 +48,13 @@ EPROMDATABLOCK_EXPORT bool isTable(const EepromImage& image, int index);
 // The table of block `index`; false when it is no calibration table of the catalogue.
 EPROMDATABLOCK_EXPORT bool readTable(const EepromImage& image, int index, TableContent& content);
 // Sets one cell from a value as the calibration file shows it: divided by the factor and cut
-// toward zero, as the file reader stores it. The block's checksum is recomputed. On failure
-// `error` names the block, the cell and the rule broken.
-EPROMDATABLOCK_EXPORT TableEdit setTableCell(EepromImage& image, int index, quint32 row,
-                                             quint32 col, double value, QString& error);
+// toward zero, as the file reader stores it. The block's checksum is recomputed. UnknownBlock
+// (no calibration table), OutOfRange (a cell outside the table) or DoesNotFit, naming the
+// block, the cell and the rule broken.
+EPROMDATABLOCK_EXPORT Outcome setTableCell(EepromImage& image, int index, quint32 row, quint32 col,
+                                           double value);
 // Sets one cell to a stored value as it is; an integer table takes integers only.
-EPROMDATABLOCK_EXPORT TableEdit setTableRaw(EepromImage& image, int index, quint32 row, quint32 col,
-                                            double raw, QString& error);
+EPROMDATABLOCK_EXPORT Outcome setTableRaw(EepromImage& image, int index, quint32 row, quint32 col,
+                                          double raw);
 
 } // namespace Tupsim

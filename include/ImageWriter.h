@@ -7,6 +7,7 @@
 #pragma once
 
 #include "EpromDatablockGlobal.h"
+#include "Outcome.h"
 #include "WriteRanges.h"
 
 #include <QByteArray>
@@ -32,9 +33,9 @@ struct WriteOptions {
 };
 
 struct WriteResult {
-    bool ok = false;
-    // The target had another size than the content: refused before anything was written.
-    bool sizeMismatch = false;
+    // WriteFailed with one line: what failed, where, and what state the target and the backup
+    // are in; Refused when the target had another size than the content (nothing written).
+    Outcome outcome;
     // Written in place, page by page; else replaced as a whole file.
     bool inPlace = false;
     // The backup kept of the previous content; empty when none was (needed).
@@ -46,8 +47,8 @@ struct WriteResult {
     bool readBackMatched = false;
     // The ranges where the read-back differed.
     QVector<ByteRange> mismatches;
-    // One line: what failed, where, and what state the target and the backup are in.
-    QString error;
+
+    bool ok() const { return outcome.ok(); }
 };
 
 // Writes `content` to `path` as the options say; never throws, never leaves a partial backup.

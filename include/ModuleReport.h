@@ -16,7 +16,7 @@ struct ReportSide {
     bool ok = true;
     bool chainBroken = false;
     int size = 0;
-    int blocks = 0;                 // data blocks, the end block left out
+    int blocks = 0;                 // blocks, the end block included
     QVector<ImageProblem> problems; // the first ones, up to the report's limit
     int problemCount = 0;           // all of them
 };

@@ -2,7 +2,7 @@
 // applied all or nothing.
 #pragma once
 
-#include "EepromImage.h"
+#include "ImagePlan.h"
 #include "RecordFields.h"
 
 namespace Tupsim {
@@ -13,10 +13,9 @@ struct FieldAssignment {
     QString value;
 };
 
-// Splits "FIELD=VALUE" at its first '='; false, with `error`, for a text without '=', with an
-// empty field or a second '=' right behind the first ("SN==5").
-EPROMDATABLOCK_EXPORT bool parseAssignment(const QString& text, FieldAssignment& assignment,
-                                           QString& error);
+// Splits "FIELD=VALUE" at its first '=' into `assignment`; BadAssignment for a text without
+// '=', with an empty field or a second '=' right behind the first ("SN==5").
+EPROMDATABLOCK_EXPORT Outcome parseAssignment(const QString& text, FieldAssignment& assignment);
 
 struct FieldChange {
     QString field; // the field's name as the block lists it
@@ -24,9 +23,8 @@ struct FieldChange {
     QString after;
 };
 
-struct RecordEdit {
-    bool ok = false;
-    QString error;  // why nothing may be written, when not ok
+// The edited block, when it changes, in `replace`.
+struct RecordEdit : ImagePlan {
     int index = -1; // of the block in the chain
     quint16 id = 0;
     int offset = 0;
@@ -41,13 +39,11 @@ struct RecordEdit {
 };
 
 // Plans setting `assignments` on the `occurrence`-th block (1 for the first) with `id`. Not ok
-// when the chain is broken, there is no such block, it has no named fields, a field is unknown
-// or given twice, or a value does not fit its field: then the plan changes nothing.
+// when the chain is broken (ChainBroken), there is no such block (UnknownBlock), it has no
+// named fields (NoFields), a field is given twice (BadAssignment), or setField refuses an
+// assignment: then the plan changes nothing. Applied with applyPlan.
 EPROMDATABLOCK_EXPORT RecordEdit planRecordEdit(const EepromImage& image, quint16 id,
                                                 int occurrence,
                                                 const QVector<FieldAssignment>& assignments);
-// Writes the planned block into the image; false, with `error`, when the plan is not ok.
-EPROMDATABLOCK_EXPORT bool applyRecordEdit(EepromImage& image, const RecordEdit& edit,
-                                           QString& error);
 
 } // namespace Tupsim

@@ -51,10 +51,10 @@ EPROMDATABLOCK_EXPORT bool hasFields(quint16 id);
 // empty for blocks without named fields.
 EPROMDATABLOCK_EXPORT QVector<RecordField> fields(const QByteArray& block);
 // Sets field `name` (case-insensitive) of `block` from `value` through the block class's own
-// setter, which refreshes the checksum. On failure `block` is untouched: UnknownField for a
-// block without named fields or an unknown field (the message lists the fields), ReadOnly for a
-// field without a setter, DoesNotFit for a value that does not fit the field (the message names
-// the field and its rule), Corrupt for a block shorter than its record. Nothing is truncated.
+// setter, which refreshes the checksum. With `block` untouched: NoFields, UnknownField (the
+// message lists the fields), ReadOnly (a field without a setter), Corrupt (a block shorter
+// than its record) or DoesNotFit (the message names the field and its rule). Nothing is
+// truncated or wrapped.
 EPROMDATABLOCK_EXPORT Outcome setField(QByteArray& block, const QString& name,
                                        const QString& value);
 // The value `field` shows in the lines of a section (blanks after the label skipped, a

@@ -14,9 +14,10 @@ namespace Tupsim {
 EPROMDATABLOCK_EXPORT QString backupPath(const QString& path);
 
 // writeImage(path, content) with or without a backup: a failure at any step leaves the target
-// as it was, or (a device) says where its previous content is kept. On failure `error` is one
-// line, "cannot write PATH: REASON" or "cannot read PATH to keep a backup: REASON" for a file.
-EPROMDATABLOCK_EXPORT bool safeWrite(const QString& path, const QByteArray& content,
-                                     bool keepBackup, QString& error);
+// as it was, or (a device) says where its previous content is kept. On failure the message is
+// one line, "cannot write PATH: REASON" or "cannot read PATH to keep a backup: REASON" for a
+// file.
+EPROMDATABLOCK_EXPORT Outcome safeWrite(const QString& path, const QByteArray& content,
+                                        bool keepBackup);
 
 } // namespace Tupsim

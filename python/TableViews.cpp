@@ -1,6 +1,7 @@
 // Table.values and Table.axis as NumPy arrays, Table.to_dataframe() (pandas), Table.plot()
 // (matplotlib) and the notebook views of Table and Image. pandas and matplotlib are imported
 // only when asked for.
+#include "Errors.h"
 #include "TableHandle.h"
 
 #include <TableView.h>
@@ -81,10 +82,7 @@ void setValues(const Table& table, const py::array_t<double, py::array::forcecas
             const double now = c.values[static_cast<std::size_t>(r) * c.shownCols() + col];
             if (value == now || (std::isnan(value) && std::isnan(now)))
                 continue;
-            QString error;
-            if (Tupsim::setTableCell(copy, table.index, r, col, value, error) !=
-                Tupsim::TableEdit::Ok)
-                throw py::value_error(error.toStdString());
+            epromPython::check(Tupsim::setTableCell(copy, table.index, r, col, value));
         }
     *table.image = copy;
 }
@@ -173,7 +171,7 @@ std::string imageHtml(const ImagePtr& image) {
     const int problems = image->problems().size();
     QString html =
         QStringLiteral("<div><b>EEPROM image</b>: %1 bytes, %2 blocks, %3")
-            .arg(QString::number(image->size()), QString::number(image->dataBlockCount()),
+            .arg(QString::number(image->size()), QString::number(image->blockCount()),
                  problems == 0
                      ? QStringLiteral("ok")
                      : QStringLiteral("%1 problem%2").arg(problems).arg(problems == 1 ? "" : "s"));

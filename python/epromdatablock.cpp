@@ -7,8 +7,11 @@
 #include <ImageImport.h>
 #include <ImageTables.h>
 #include <RecordFields.h>
+#include <ReportModel.h>
 #include <SafeWrite.h>
 
+#include "Errors.h"
+#include "ReportDicts.h"
 #include "TableHandle.h"
 
 #include <QDate>
@@ -77,6 +80,7 @@ namespace {
 
 using epromPython::ImagePtr;
 using epromPython::Table;
+using epromPython::toPython;
 
 QString pathText(const std::filesystem::path& path) {
     return QString::fromStdString(path.string());
@@ -101,11 +105,6 @@ QByteArray textBytes(const py::str& text) {
                       static_cast<int>(PyBytes_GET_SIZE(bytes.ptr())));
 }
 
-[[noreturn]] void raiseOSError(const QString& message) {
-    PyErr_SetString(PyExc_OSError, message.toUtf8().constData());
-    throw py::error_already_set();
-}
-
 // Python's own reading of an index: negative ones count from the end.
 int position(long long index, long long count, const char* what) {
     const long long at = index < 0 ? index + count : index;
@@ -117,8 +116,9 @@ int position(long long index, long long count, const char* what) {
 
 quint32 cellIndex(long long index, const char* what) {
     if (index < 0 || index > 0xffffffffLL)
-        throw py::index_error(std::string(what) + " " + std::to_string(index) +
-                              " is outside the table");
+        epromPython::raise(Outcome::failure(
+            ResultCode::OutOfRange,
+            QStringLiteral("%1 %2 is outside the table").arg(QLatin1String(what)).arg(index)));
     return static_cast<quint32>(index);
 }
 
@@ -134,14 +134,10 @@ struct Block {
     }
 };
 
-py::object checkOf(bool present, unsigned stored, unsigned computed, bool ok) {
-    if (!present)
-        return py::none();
-    py::dict check;
-    check["stored"] = stored;
-    check["computed"] = computed;
-    check["ok"] = ok;
-    return std::move(check);
+// One entry of the block's report: "checksum", "crc32", ...
+py::object blockReport(const Block& b, const char* key) {
+    b.entry();
+    return toPython(reportModel::block(*b.image, b.index).value(QLatin1String(key)));
 }
 
 // A record field's value as Python types it.
@@ -194,49 +190,15 @@ py::list grid(const std::vector<double>& cells, quint32 rows, quint32 cols, bool
 }
 
 void setCell(const Table& table, long long row, long long col, double value, bool raw) {
-    QString error;
     const quint32 r = cellIndex(row, "row");
     const quint32 c = cellIndex(col, "column");
-    const TableEdit edit = raw ? setTableRaw(*table.image, table.index, r, c, value, error)
-                               : setTableCell(*table.image, table.index, r, c, value, error);
-    switch (edit) {
-    case TableEdit::Ok:
-        return;
-    case TableEdit::OutOfRange:
-        throw py::index_error(error.toStdString());
-    default:
-        throw py::value_error(error.toStdString());
-    }
-}
-
-const char* outcomeName(ImportedBlock::Outcome outcome) {
-    switch (outcome) {
-    case ImportedBlock::Unchanged:
-        return "unchanged";
-    case ImportedBlock::Changed:
-        return "changed";
-    case ImportedBlock::NotImportable:
-        return "not importable";
-    }
-    return "";
-}
-
-const char* differenceName(BlockDifference::Kind kind) {
-    switch (kind) {
-    case BlockDifference::Changed:
-        return "changed";
-    case BlockDifference::Removed:
-        return "removed";
-    case BlockDifference::Added:
-        return "added";
-    }
-    return "";
+    epromPython::check(raw ? setTableRaw(*table.image, table.index, r, c, value)
+                           : setTableCell(*table.image, table.index, r, c, value));
 }
 
 ImportPlan plan(const EepromImage& image, const QByteArray& text) {
     ImportPlan result = planImport(image, text);
-    if (!result.ok)
-        throw py::value_error(result.error.toStdString());
+    epromPython::check(result.outcome);
     return result;
 }
 
@@ -254,7 +216,7 @@ std::string blockRepr(const Block& block) {
 std::string imageRepr(const EepromImage& image) {
     const int problems = image.problems().size();
     QString text =
-        QStringLiteral("<Image %1 bytes, %2 blocks").arg(image.size()).arg(image.dataBlockCount());
+        QStringLiteral("<Image %1 bytes, %2 blocks").arg(image.size()).arg(image.blockCount());
     if (image.endOffset() >= 0)
         text += QStringLiteral(", end block at %1").arg(hex16(image.endOffset()));
     if (image.chainBroken())
@@ -271,11 +233,16 @@ PYBIND11_MODULE(epromdatablock, m) {
     m.doc() = "EEPROM images of the datablock library: blocks and their checks, calibration "
               "tables, calibration text export and import, and the block catalogue.";
     m.attr("__version__") = EPROM_VERSION;
+    epromPython::addErrors(m);
 
     py::class_<ImageProblem>(m, "Problem", "One thing found wrong in an image, at its offset.")
         .def_readonly("offset", &ImageProblem::offset,
                       "Offset in the image where the problem was found.")
         .def_readonly("text", &ImageProblem::text, "What is wrong, in words.")
+        .def_property_readonly(
+            "code", [](const ImageProblem& p) { return std::string(resultCodeName(p.code)); },
+            "The kind of problem in words: 'checksum failed', 'CRC-32 failed', 'counts exceed "
+            "the capacity' or 'chain broken'.")
         .def(
             "__str__", [](const ImageProblem& p) { return p.text; }, "The problem's text.")
         .def(
@@ -412,29 +379,14 @@ PYBIND11_MODULE(epromdatablock, m) {
         .def_property_readonly(
             "is_end", [](const Block& b) { return b.entry().isEnd; }, "True for the end block.")
         .def_property_readonly(
-            "checksum",
-            [](const Block& b) {
-                const ImageBlock& e = b.entry();
-                return checkOf(e.hasChecksum, e.storedChecksum, e.computedChecksum, e.checksumOk);
-            },
+            "checksum", [](const Block& b) { return blockReport(b, "checksum"); },
             "16-bit checksum as {'stored', 'computed', 'ok'}; None for the end block.")
         .def_property_readonly(
-            "crc32",
-            [](const Block& b) {
-                const ImageBlock& e = b.entry();
-                py::object check = checkOf(e.hasCrc, e.storedCrc, e.computedCrc, e.crcOk);
-                if (e.hasCrc)
-                    check["event_counter"] = e.eventCounter;
-                return check;
-            },
+            "crc32", [](const Block& b) { return blockReport(b, "crc32"); },
             "CRC-32 of self-describing blocks as {'stored', 'computed', 'ok', "
             "'event_counter'}; None for other blocks.")
         .def_property_readonly(
-            "over_capacity",
-            [](const Block& b) -> py::object {
-                const QString text = b.entry().overCapacity;
-                return text.isEmpty() ? py::none() : py::cast(text);
-            },
+            "over_capacity", [](const Block& b) { return blockReport(b, "overCapacity"); },
             "Why a table's counts exceed its capacity; None when they fit.")
         .def_property_readonly(
             "ok", [](const Block& b) { return b.entry().ok(); },
@@ -461,11 +413,9 @@ PYBIND11_MODULE(epromdatablock, m) {
             "set_field",
             [](const Block& b, const QString& name, const py::object& value) {
                 QByteArray bytes = b.image->blockBytes(b.index);
-                const Outcome set =
-                    recordFields::setField(bytes, name, py::str(value).cast<QString>());
-                QString error = set.message;
-                if (!set.ok() || !b.image->replaceBlock(b.index, bytes, error))
-                    throw py::value_error(error.toStdString());
+                epromPython::check(
+                    recordFields::setField(bytes, name, py::str(value).cast<QString>()));
+                epromPython::check(b.image->replaceBlock(b.index, bytes));
             },
             py::arg("name"), py::arg("value"),
             "Sets a named field (case-insensitive) through the block class's own setter, which "
@@ -479,6 +429,15 @@ PYBIND11_MODULE(epromdatablock, m) {
         .def(
             "export", [](const Block& b) { return text(exportBlock(*b.image, b.index)); },
             "The block's section of a calibration file, in the form of its own class.")
+        .def(
+            "to_dict",
+            [](const Block& b) {
+                b.entry();
+                return toPython(reportModel::block(*b.image, b.index));
+            },
+            "The block as `epromtool list --json` shows it, names in snake_case: offset, id, "
+            "name, class_name, text_id, kind, size, end, alignment, checksum, crc32, "
+            "over_capacity.")
         .def("__repr__", &blockRepr, "A readable one-line description.");
 
     py::class_<ImportedBlock>(m, "ImportedBlock", "What a calibration text does to one block.")
@@ -487,7 +446,10 @@ PYBIND11_MODULE(epromdatablock, m) {
         .def_readonly("offset", &ImportedBlock::offset, "Offset of the block in the image.")
         .def_readonly("name", &ImportedBlock::name, "Name of the block's section.")
         .def_property_readonly(
-            "outcome", [](const ImportedBlock& b) { return std::string(outcomeName(b.outcome)); },
+            "outcome",
+            [](const ImportedBlock& b) {
+                return std::string(reportModel::importOutcomeName(b.outcome));
+            },
             "'unchanged', 'changed' or 'not importable'.")
         .def_readonly("note", &ImportedBlock::note,
                       "What changed, or why the block is not importable.")
@@ -505,7 +467,8 @@ PYBIND11_MODULE(epromdatablock, m) {
             [](const ImportedBlock& b) {
                 return QStringLiteral("<ImportedBlock %1 at %2 %3: %4%5>")
                     .arg(b.id)
-                    .arg(hex16(b.offset), b.name, QLatin1String(outcomeName(b.outcome)),
+                    .arg(hex16(b.offset), b.name,
+                         QLatin1String(reportModel::importOutcomeName(b.outcome)),
                          b.note.isEmpty() ? QString() : QStringLiteral(", ") + b.note);
             },
             "A readable one-line description.");
@@ -542,6 +505,11 @@ PYBIND11_MODULE(epromdatablock, m) {
         .def_property_readonly("changed_count", &ImportPlan::changedCount,
                                "How many blocks the text changes.")
         .def(
+            "to_dict", [](const ImportPlan& p) { return toPython(reportModel::importPlan(p)); },
+            "The plan as `epromtool import --json` reports it, names in snake_case: ok, code, "
+            "error, replaced, notes, blocks [{index, id, offset, name, outcome, note, "
+            "complaints}], skipped_sections [{name, line, reason}].")
+        .def(
             "__repr__",
             [](const ImportPlan& p) {
                 return QStringLiteral("<ImportPlan %1 blocks, %2 changed, %3 sections skipped>")
@@ -559,15 +527,13 @@ PYBIND11_MODULE(epromdatablock, m) {
             "open",
             [](const std::filesystem::path& path, int offset) {
                 auto image = std::make_shared<EepromImage>();
-                QString error;
-                if (!EepromImage::fromFile(pathText(path), *image, error, offset))
-                    raiseOSError(error);
+                epromPython::check(EepromImage::fromFile(pathText(path), *image, offset));
                 return image;
             },
             py::arg("path"), py::arg("offset") = 0,
             "Reads an image file whose chain starts at byte `offset`; block offsets count from "
             "the start of the file, and saving keeps every byte before the chain. OSError when "
-            "the file cannot be read.")
+            "the file cannot be read (UnreadableError).")
         .def_static(
             "from_bytes",
             [](const QByteArray& data, int offset) {
@@ -586,7 +552,9 @@ PYBIND11_MODULE(epromdatablock, m) {
                 return blocks;
             },
             "The blocks in chain order; the end block, when found, is the last one.")
-        .def("__len__", &EepromImage::blockCount, "Number of blocks, the end block included.")
+        .def("__len__", &EepromImage::blockCount,
+             "Number of blocks, the end block included, as everywhere a count of blocks is "
+             "shown.")
         .def(
             "__getitem__",
             [](const ImagePtr& image, long long index) {
@@ -628,15 +596,14 @@ PYBIND11_MODULE(epromdatablock, m) {
         .def(
             "save",
             [](const EepromImage& image, const std::filesystem::path& path, bool backup) {
-                QString error;
-                if (!safeWrite(pathText(path), image.bytes(), backup, error))
-                    raiseOSError(error);
+                epromPython::check(safeWrite(pathText(path), image.bytes(), backup));
             },
             py::arg("path"), py::arg("backup") = true,
             "Writes the image to `path`, replacing a file only once the new content is "
             "complete (with `backup` the previous file is kept as PATH.bak); a device (block or "
             "character device, sysfs file) gets only its changed pages, after a timestamped "
-            "backup in the current directory, and is read back. OSError on failure.")
+            "backup in the current directory, and is read back. WriteFailedError (an OSError) on "
+            "failure.")
         .def(
             "export",
             [](const EepromImage& image, const std::optional<std::vector<quint16>>& ids) {
@@ -660,42 +627,33 @@ PYBIND11_MODULE(epromdatablock, m) {
             },
             py::arg("text"),
             "What a calibration text (str or bytes) would do to the image's tables, block by "
-            "block. ValueError, naming the section and the line, when a section is malformed.")
+            "block. BadTextError (a ValueError), naming the section and the line, when a section "
+            "is "
+            "malformed.")
         .def(
             "apply_import",
             [](EepromImage& image, const ImportPlan& plan) {
-                QString error;
-                if (!applyImport(image, plan, error))
-                    throw py::value_error(error.toStdString());
+                epromPython::check(applyPlan(image, plan));
             },
             py::arg("plan"),
-            "Replaces the blocks a plan of this image changes. ValueError when the new chain "
-            "does not fit.")
+            "Replaces the blocks a plan of this image changes. NoRoomError (a ValueError) when "
+            "the new chain does not fit.")
+        .def(
+            "to_dict", [](const EepromImage& image) { return toPython(reportModel::image(image)); },
+            "The image as `epromtool list --json` shows it, names in snake_case: image_size, "
+            "problems [{offset, code, message}], end_offset, used, free, ok and blocks (every "
+            "block, the end block included, as Block.to_dict gives it).")
         .def(
             "diff",
             [](const EepromImage& a, const EepromImage& b) {
-                py::list result;
-                for (const BlockDifference& d : diffImages(a, b).differences) {
-                    py::list header;
-                    for (const HeaderChange& h : d.headerChanges)
-                        header.append(py::make_tuple(h.field, h.before, h.after));
-                    py::dict entry;
-                    entry["kind"] = differenceName(d.kind);
-                    entry["id"] = d.id;
-                    entry["offset_a"] =
-                        d.offsetA < 0 ? py::object(py::none()) : py::int_(d.offsetA);
-                    entry["offset_b"] =
-                        d.offsetB < 0 ? py::object(py::none()) : py::int_(d.offsetB);
-                    entry["header_changes"] = header;
-                    entry["bytes_changed"] = d.bytesChanged;
-                    result.append(entry);
-                }
-                return result;
+                return toPython(reportModel::diff(diffImages(a, b)));
             },
             py::arg("other"),
-            "How the blocks of `other` differ from this image's, as dicts with 'kind' "
-            "('changed', 'removed', 'added'), 'id', 'offset_a', 'offset_b', 'header_changes' "
-            "[(field, before, after)] and 'bytes_changed'.")
+            "How the blocks of `other` differ from this image's, as `epromtool diff --json` "
+            "reports it, names in snake_case: {'differences': [{'kind' ('changed', 'removed', "
+            "'added'), 'id', 'offset_a', 'size_a', 'offset_b', 'size_b' (None on the side "
+            "without the block), 'header_changes' [{'field', 'before', 'after'}], "
+            "'bytes_changed'}], 'free_space_differs'}.")
         .def("__repr__", &imageRepr, "A readable one-line description.");
 
     m.def(

@@ -12,12 +12,73 @@ _Path = Union[str, "os.PathLike[str]"]
 
 __version__: str
 
+# Every error the library reports is an `Error`, and also the builtin exception the call
+# raised before the classes existed, so that `except ValueError` keeps working. `code` names the
+# library's result code in words.
+class Error(Exception):
+    """Base class of every error the library reports."""
+    code: str
+
+class UnknownFieldError(Error, ValueError):
+    """"unknown field": set_field with a name the block does not have."""
+
+class ReadOnlyError(Error, ValueError):
+    """"read only": set_field on a field without a setter."""
+
+class DoesNotFitError(Error, ValueError):
+    """"value does not fit": a value outside its field's or cell's rule."""
+
+class UnknownBlockError(Error, ValueError):
+    """"no such block"."""
+
+class ChainBrokenError(Error, ValueError):
+    """"chain broken": the chain of blocks does not reach an end block."""
+
+class BadTextError(Error, ValueError):
+    """"malformed calibration text": plan_import of a malformed section."""
+
+class CorruptBlockError(Error, ValueError):
+    """"corrupt block": a block that would fail its checks."""
+
+class UnreadableError(Error, OSError):
+    """"input unreadable": Image.open of a file that cannot be read."""
+
+class WriteFailedError(Error, OSError):
+    """"write failed": Image.save that could not write."""
+
+class RefusedError(Error, ValueError):
+    """"refused"."""
+
+class ChecksumError(Error, ValueError):
+    """"checksum failed"."""
+
+class CrcError(Error, ValueError):
+    """"CRC-32 failed"."""
+
+class OverCapacityError(Error, ValueError):
+    """"counts exceed the capacity"."""
+
+class NoFieldsError(Error, ValueError):
+    """"no named fields": set_field on a block without named fields."""
+
+class BadAssignmentError(Error, ValueError):
+    """"malformed assignment"."""
+
+class OutOfRangeError(Error, IndexError):
+    """"index out of range": a table cell outside the table."""
+
+class NoRoomError(Error, ValueError):
+    """"no room in the image": apply_import whose new chain does not fit."""
+
 class Problem:
     """One thing found wrong in an image, at its offset."""
     @property
     def offset(self) -> int: ...
     @property
     def text(self) -> str: ...
+    @property
+    def code(self) -> str:
+        """'checksum failed', 'CRC-32 failed', 'counts exceed the capacity' or 'chain broken'."""
 
 class Table:
     """The calibration table of one block, read live from its image."""
@@ -42,9 +103,10 @@ class Table:
     @property
     def descriptors(self) -> Optional[List[str]]: ...
     def set_cell(self, row: int, col: int, value: float) -> None:
-        """Sets a cell from a scaled value: divided by the factor, cut toward zero."""
+        """Sets a cell from a scaled value: divided by the factor, cut toward zero.
+        OutOfRangeError (an IndexError) outside the table, DoesNotFitError (a ValueError)."""
     def set_raw(self, row: int, col: int, raw: Union[int, float]) -> None:
-        """Sets a cell to a stored value as it is."""
+        """Sets a cell to a stored value as it is; errors as set_cell."""
     @property
     def values(self) -> "numpy.ndarray":
         """The cells as a new float array of `shape` (a copy), factor applied."""
@@ -107,6 +169,8 @@ class Block:
         """The block's own bytes."""
     def export(self) -> str:
         """The block's section of a calibration file."""
+    def to_dict(self) -> Dict[str, Any]:
+        """The block as `epromtool list --json` shows it, names in snake_case."""
 
 class ImportedBlock:
     """What a calibration text does to one block."""
@@ -146,13 +210,16 @@ class ImportPlan:
     def skipped(self) -> List[SkippedSection]: ...
     @property
     def changed_count(self) -> int: ...
+    def to_dict(self) -> Dict[str, Any]:
+        """The plan as `epromtool import --json` reports it, names in snake_case."""
 
 class Image:
     """A whole EEPROM image: its chain of blocks walked once, each block checked."""
     def _repr_html_(self) -> str: ...
     @staticmethod
     def open(path: _Path, offset: int = 0) -> "Image":
-        """Reads an image file whose chain starts at `offset`; OSError when it cannot be read."""
+        """Reads an image file whose chain starts at `offset`; UnreadableError (an OSError)
+        when it cannot be read."""
     @staticmethod
     def from_bytes(data: bytes, offset: int = 0) -> "Image":
         """An image of the given bytes whose chain starts at `offset`."""
@@ -160,7 +227,8 @@ class Image:
     def chain_start(self) -> int: ...
     @property
     def blocks(self) -> List[Block]: ...
-    def __len__(self) -> int: ...
+    def __len__(self) -> int:
+        """Number of blocks, the end block included (14 for the sample image)."""
     def __getitem__(self, index: int) -> Block: ...
     @property
     def problems(self) -> List[Problem]: ...
@@ -186,11 +254,14 @@ class Image:
     def export(self, ids: Optional[Sequence[int]] = None) -> str:
         """The image (or the blocks with the given ids) as a calibration text."""
     def plan_import(self, text: Union[str, bytes]) -> ImportPlan:
-        """What a calibration text would do; ValueError for a malformed section."""
+        """What a calibration text would do; BadTextError for a malformed section."""
     def apply_import(self, plan: ImportPlan) -> None:
-        """Replaces the blocks a plan changes; ValueError when they do not fit."""
-    def diff(self, other: "Image") -> List[Dict[str, object]]:
-        """How the blocks of `other` differ from this image's."""
+        """Replaces the blocks a plan changes; NoRoomError when they do not fit."""
+    def to_dict(self) -> Dict[str, Any]:
+        """The image as `epromtool list --json` shows it, names in snake_case."""
+    def diff(self, other: "Image") -> Dict[str, Any]:
+        """How the blocks of `other` differ from this image's, as `epromtool diff --json`
+        reports it, names in snake_case: differences, free_space_differs."""
 
 def catalogue() -> List[Dict[str, Union[int, str, bool]]]:
     """Every block id the library has a class for: id, name, class, kind, template, reads_back."""
@@ -198,5 +269,6 @@ def catalogue() -> List[Dict[str, Union[int, str, bool]]]:
 def inventory(
     paths: Union[_Path, Sequence[_Path]], recursive: bool = False, offset: int = 0
 ) -> List[Dict[str, Optional[Union[int, str]]]]:
-    """One dict per image: path, verdict, blocks, partNumber, serialNumber, hardwareCode,
-    productDate, name, lastServiceDate, operatingHours, problems, reason (None where absent)."""
+    """One dict per image: path, verdict, blocks, part_number, serial_number, hardware_code,
+    product_date, name, last_service_date, operating_hours, problems, reason (None where
+    absent)."""

@@ -3,6 +3,8 @@
 #include <QFile>
 #include <pybind11/pybind11.h>
 
+#include "ReportDicts.h"
+
 namespace py = pybind11;
 
 namespace {
@@ -55,17 +57,18 @@ void addInventory(py::module_& m) {
                     const QVector<QVariant> cells = Tupsim::inventoryCells(row);
                     py::dict entry;
                     for (int i = 0; i < columns.size(); ++i)
-                        entry[columns[i].key] =
+                        entry[py::str(epromPython::snakeCase(QLatin1String(columns[i].key)))] =
                             i == 0 ? pathObject(row.path) : cellObject(cells[i]);
                     rows.append(entry);
                 });
             return rows;
         },
         py::arg("paths"), py::arg("recursive") = false, py::arg("offset") = 0,
-        "One dict per image, as `epromtool inventory --json` gives its rows: 'path', "
-        "'verdict' ('ok', 'failed checks', 'broken chain', 'unreadable'), 'blocks', "
-        "'partNumber', 'serialNumber', 'hardwareCode', 'productDate', 'name', "
-        "'lastServiceDate', 'operatingHours', 'problems' and 'reason'; None where the image "
+        "One dict per image, as `epromtool inventory --json` gives its rows with the names in "
+        "snake_case: 'path', 'verdict' ('ok', 'failed checks', 'broken chain', 'unreadable'), "
+        "'blocks' (the end block included), 'part_number', 'serial_number', 'hardware_code', "
+        "'product_date', 'name', 'last_service_date', 'operating_hours', 'problems' and "
+        "'reason'; None where the image "
         "holds no such value. `paths` is one path or a list of them; with `recursive` "
         "directories are walked (files only, in name order, symbolic links not followed). An "
         "image that cannot be read gets its row with the reason; nothing is raised for it.");

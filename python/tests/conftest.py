@@ -1,6 +1,8 @@
-# Shared fixtures: the sample image, a scratch copy of it, and tool(*arguments) running the built
-# epromtool to (exit code, standard output).
+# Shared fixtures: the sample image, a scratch copy of it, tool(*arguments) running the built
+# epromtool to (exit code, standard output), and snake(json) with the tool's names as the
+# module spells them.
 import os
+import re
 import shutil
 import subprocess
 
@@ -35,3 +37,18 @@ def tool():
 
     run.binary = binary
     return run
+
+
+@pytest.fixture
+def snake():
+    """The one mapping between the tool's JSON and the module's dicts: camelCase keys become
+    snake_case, nothing else changes."""
+    def convert(value):
+        if isinstance(value, dict):
+            return {re.sub(r"[A-Z]", lambda m: "_" + m.group(0).lower(), k): convert(v)
+                    for k, v in value.items()}
+        if isinstance(value, list):
+            return [convert(v) for v in value]
+        return value
+
+    return convert

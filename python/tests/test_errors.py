@@ -46,13 +46,13 @@ def test_wrong_argument_types_raise_type_error(sample_path, call):
 @pytest.mark.parametrize("error, call, message", [
     (IndexError, lambda image: image[14], "block index 14 out of range (14)"),
     (IndexError, lambda image: image[-15], "block index -15 out of range (14)"),
-    (IndexError, lambda image: image.find(15731).table.set_raw(4, 0, 1),
+    (ed.OutOfRangeError, lambda image: image.find(15731).table.set_raw(4, 0, 1),
      "cell (4, 0) is outside the 4*10 cells of RFBO_ALC_DATA"),
-    (IndexError, lambda image: image.find(15731).table.set_cell(0, 10, 1.0),
+    (ed.OutOfRangeError, lambda image: image.find(15731).table.set_cell(0, 10, 1.0),
      "cell (0, 10) is outside the 4*10 cells of RFBO_ALC_DATA"),
-    (IndexError, lambda image: image.find(15731).table.set_raw(-1, 0, 1),
+    (ed.OutOfRangeError, lambda image: image.find(15731).table.set_raw(-1, 0, 1),
      "row -1 is outside the table"),
-    (ValueError, lambda image: image.find(15731).table.set_raw(0, 0, 2**40),
+    (ed.DoesNotFitError, lambda image: image.find(15731).table.set_raw(0, 0, 2**40),
      "cell (0, 0) of RFBO_ALC_DATA: 1099511627776 does not fit the stored int32 from "
      "-2147483648 to 2147483647"),
     (ValueError, lambda image: image.find(15731).table.set_raw(0, 0, 1.5),
@@ -63,10 +63,17 @@ def test_wrong_argument_types_raise_type_error(sample_path, call):
     (ValueError, lambda image: image.find(15730).table.set_cell(0, 0, 5e11),
      "cell (0, 0) of RFBO_ALC_FREQ: 500000000000 does not fit the stored uint32 from 0 to "
      "4294967295"),
-    (ValueError, lambda image: image.find(200).set_field("OPHOURS", 300000),
+    (ed.DoesNotFitError, lambda image: image.find(200).set_field("OPHOURS", 300000),
      "OPHOURS: '300000' is out of range; the field takes operating hours from 0 to 262143, "
      "as 00000/000000 or a plain number"),
-    (ValueError, lambda image: image.plan_import(image.export().replace("4*10", "4*x")),
+    (ed.UnknownFieldError, lambda image: image.find(2).set_field("NOPE", 1),
+     "no field NOPE; the block has ALIGNMENT, EEPROMSIZE, PARTNUMBER, HWCODE, PRODUCTINDEX, SN, "
+     "PRODUCTDATE, READCODE, TESTINSTRUCTION, NAME"),
+    (ed.ReadOnlyError, lambda image: image.find(2).set_field("ALIGNMENT", 1),
+     "ALIGNMENT is read only: the block's class has no setter for it"),
+    (ed.NoFieldsError, lambda image: image.find(15731).set_field("SN", 1),
+     "block 15731 has no named fields"),
+    (ed.BadTextError, lambda image: image.plan_import(image.export().replace("4*10", "4*x")),
      "section RFBO_ALC_DATA, line 53: column count could not be read"),
 ])
 def test_bad_indexes_and_values_raise_and_change_nothing(sample_path, error, call, message):
@@ -74,17 +81,22 @@ def test_bad_indexes_and_values_raise_and_change_nothing(sample_path, error, cal
     with pytest.raises(error) as raised:
         call(image)
     assert str(raised.value) == message
+    # Each class is the library's code and still the builtin raised before it existed.
+    assert isinstance(raised.value, ed.Error) == (error is not IndexError)
+    assert isinstance(raised.value, (IndexError, ValueError))
     assert image.verify() and image.to_bytes() == open(sample_path, "rb").read()
 
 
 def test_file_errors_raise_os_error(tmp_path, sample_path):
     missing = tmp_path / "missing.eeprom"
-    with pytest.raises(OSError) as raised:
+    with pytest.raises(ed.UnreadableError) as raised:
         ed.Image.open(missing)
     assert str(raised.value) == f"cannot read {missing}: No such file or directory"
-    with pytest.raises(OSError) as raised:
+    assert isinstance(raised.value, OSError) and raised.value.code == "input unreadable"
+    with pytest.raises(ed.WriteFailedError) as raised:
         ed.Image.open(sample_path).save(tmp_path)
     assert str(raised.value) == f"cannot write {tmp_path}: Is a directory"
+    assert isinstance(raised.value, OSError) and raised.value.code == "write failed"
 
 
 def test_export_keeps_bytes_that_are_not_utf8(scratch, tool):

@@ -7,20 +7,21 @@ import pytest
 import epromdatablock as ed
 
 
-def test_every_block_matches_the_tool_listing(sample_path, tool):
+def test_every_block_matches_the_tool_listing(sample_path, tool, snake):
     code, out = tool("list", "--json", sample_path)
     assert code == 0
     listed = json.loads(out)
+    del listed["image"], listed["exitCode"]
     image = ed.Image.open(sample_path)
-    assert len(image) == len(listed["blocks"]) == 14
-    for block, entry in zip(image.blocks, listed["blocks"]):
-        crc = entry["crc32"] and {("event_counter" if k == "eventCounter" else k): v
-                                  for k, v in entry["crc32"].items()}
+    assert image.to_dict() == snake(listed)
+    assert len(image) == len(image.blocks) == len(listed["blocks"]) == 14
+    for block, entry in zip(image.blocks, image.to_dict()["blocks"]):
+        assert block.to_dict() == entry
         assert (block.offset, block.id, block.size, block.alignment, block.name, block.class_name,
-                block.kind, block.is_end, block.checksum, block.crc32) == (
-            entry["offset"], entry["id"], entry["size"], entry["alignment"],
-            entry["textId"] or entry["className"], entry["className"], entry["kind"],
-            entry["end"], entry["checksum"], crc)
+                block.kind, block.is_end, block.checksum, block.crc32, block.over_capacity) == (
+            entry["offset"], entry["id"], entry["size"], entry["alignment"], entry["name"],
+            entry["class_name"], entry["kind"], entry["end"], entry["checksum"], entry["crc32"],
+            entry["over_capacity"])
     assert image.problems == [] and image.verify()
     assert (image.end_offset, image.bytes_used, image.bytes_free) == (
         listed["endOffset"], listed["used"], listed["free"])
@@ -67,16 +68,18 @@ def test_saved_edit_changes_only_its_block(scratch):
     cell = 0xA4 + 16 + (2 * 10 + 3) * 4
     assert new == (original[:0xA4 + 4] + struct.pack("<H", image[5].checksum["computed"]) +
                    original[0xA4 + 6:cell] + struct.pack("<i", 2241) + original[cell + 4:])
-    assert image.diff(ed.Image.from_bytes(original)) == [
-        {"kind": "changed", "id": 15731, "offset_a": 0xA4, "offset_b": 0xA4,
-         "header_changes": [("checksum", image[5].checksum["stored"], 28185)],
-         "bytes_changed": 1}]
+    assert image.diff(ed.Image.from_bytes(original)) == {
+        "differences": [{"kind": "changed", "id": 15731, "offset_a": 0xA4, "size_a": 176,
+                         "offset_b": 0xA4, "size_b": 176, "bytes_changed": 1,
+                         "header_changes": [{"field": "checksum", "before": image[5].checksum["stored"],
+                                             "after": 28185}]}],
+        "free_space_differs": False}
     backup.unlink()
     image.save(scratch, backup=False)
     assert not backup.exists()
 
 
-def test_import_plan_is_the_tools_report_and_applies(sample_path, tool, tmp_path):
+def test_import_plan_is_the_tools_report_and_applies(sample_path, tool, tmp_path, snake):
     image = ed.Image.open(sample_path)
     text = image.export()
     assert image.plan_import(text).changed_count == 0
@@ -86,11 +89,16 @@ def test_import_plan_is_the_tools_report_and_applies(sample_path, tool, tmp_path
     calibration.write_text(edited)
     code, out = tool("import", "--dry-run", "--json", sample_path, calibration)
     report = json.loads(out)
+    assert (report.pop("image"), report.pop("calibrationFile"), report.pop("blockCount"),
+            report.pop("written")) == (sample_path, str(calibration), 14, "")
     plan = image.plan_import(edited)
-    assert [{"id": b.id, "offset": b.offset, "name": b.name, "outcome": b.outcome,
-             "note": b.note, "complaints": b.complaints} for b in plan.blocks] == report["blocks"]
-    assert [{"name": s.name, "line": s.line, "reason": s.reason}
-            for s in plan.skipped] == report["skippedSections"]
+    assert plan.to_dict() == snake(report)
+    assert [(b.index, b.id, b.offset, b.name, b.outcome, b.note, b.complaints)
+            for b in plan.blocks] == [tuple(b.values()) for b in (
+                {k: d[k] for k in ("index", "id", "offset", "name", "outcome", "note",
+                                   "complaints")} for d in report["blocks"])]
+    assert [(s.name, s.line, s.reason) for s in plan.skipped] == [
+        (s["name"], s["line"], s["reason"]) for s in report["skippedSections"]]
     assert plan.changed_count == report["replaced"] == 1
     changed = next(b for b in plan.blocks if b.outcome == "changed")
     assert (changed.id, changed.note) == (15731, "1 cell changed, checksum 0x6e19 -> 0x6e18")

@@ -19,12 +19,12 @@ def depot(tmp_path, sample_path):
     return folder
 
 
-def test_rows_match_the_tool(tmp_path, sample_path, tool):
+def test_rows_match_the_tool(tmp_path, sample_path, tool, snake):
     folder = depot(tmp_path, sample_path)
     rows = ed.inventory([folder, str(tmp_path / "missing")], recursive=True)
     code, out = tool("inventory", "--json", "-r", folder, tmp_path / "missing")
     assert code == 2
-    assert rows == json.loads(out)["images"]
+    assert rows == snake(json.loads(out)["images"])
     assert [(os.path.relpath(r["path"], tmp_path), r["verdict"]) for r in rows] == [
         ("dep\u00f6t/a.eeprom", "ok"),
         ("dep\u00f6t/rack 1/b, \"bad\".eeprom", "failed checks"),
@@ -32,10 +32,10 @@ def test_rows_match_the_tool(tmp_path, sample_path, tool):
         ("missing", "unreadable"),
     ]
     assert rows[0] == {
-        "path": str(folder / "a.eeprom"), "verdict": "ok", "blocks": 13,
-        "partNumber": "1234.5678.02", "serialNumber": 102345, "hardwareCode": 37,
-        "productDate": "2021-06-15", "name": "RF-BOARD 6G", "lastServiceDate": "2023-11-07",
-        "operatingHours": 15872, "problems": 0, "reason": None}
+        "path": str(folder / "a.eeprom"), "verdict": "ok", "blocks": 14,
+        "part_number": "1234.5678.02", "serial_number": 102345, "hardware_code": 37,
+        "product_date": "2021-06-15", "name": "RF-BOARD 6G", "last_service_date": "2023-11-07",
+        "operating_hours": 15872, "problems": 0, "reason": None}
     assert rows[3]["reason"] == "No such file or directory" and rows[3]["blocks"] is None
     # Every row has every column: a DataFrame takes the list as it is.
     assert all(list(row) == list(rows[0]) for row in rows)

@@ -76,7 +76,7 @@ def test_missing_optional_packages_are_named(sample_path, monkeypatch):
 def test_notebook_views_escape_and_stay_small(sample_path):
     image = ed.Image.open(sample_path)
     html = image._repr_html_()
-    assert "32768 bytes, 13 blocks, ok" in html and html.count("<tr>") == 15
+    assert "32768 bytes, 14 blocks, ok" in html and html.count("<tr>") == 15
     table = image.find(16003).table._repr_html_()
     assert "<th>100 MHz</th>" in table and table.count("<tr>") == 3
     broken = ed.Image.from_bytes(b"<b>" * 10)

@@ -13,13 +13,14 @@ int main(int argc, char** argv) {
     }
     if (argc > 1) {
         Tupsim::EepromImage image;
-        QString error;
-        if (!Tupsim::EepromImage::fromFile(QString::fromLocal8Bit(argv[1]), image, error)) {
-            std::printf("consumer: %s\n", qPrintable(error));
+        const Tupsim::Outcome read =
+            Tupsim::EepromImage::fromFile(QString::fromLocal8Bit(argv[1]), image);
+        if (!read.ok()) {
+            std::printf("consumer: %s\n", qPrintable(read.message));
             return 1;
         }
         const int last = image.blockCount() - 1;
-        if (image.dataBlockCount() != 13 || !image.ok() || image.name(0) != "IDENT_2" ||
+        if (image.blockCount() != 14 || !image.ok() || image.name(0) != "IDENT_2" ||
             image.name(5) != "RFBO_ALC_DATA" || image.name(12) != "USER_20010" ||
             !image.block(12).hasCrc || !image.block(12).crcOk || !image.block(last).isEnd) {
             std::puts("consumer: unexpected image");

@@ -28,9 +28,9 @@ TEST(EepromImage, BrokenChainsNameWhatBrokeThemAndWhere) {
         EXPECT_TRUE(image.chainBroken() && !image.ok() && image.chainProblems().size() == 1);
         EXPECT_EQ(problemLines(image),
                   QStringList(QStringLiteral("%1: %2").arg(c.offset).arg(c.problem)));
-        EXPECT_EQ(std::make_tuple(image.dataBlockCount(), image.blockCount(), image.endOffset(),
-                                  image.bytesUsed(), image.bytesFree()),
-                  std::make_tuple(c.blocksRead, c.blocksRead, -1, 0, 0));
+        EXPECT_EQ(std::make_tuple(image.blockCount(), image.endOffset(), image.bytesUsed(),
+                                  image.bytesFree()),
+                  std::make_tuple(c.blocksRead, -1, 0, 0));
         EXPECT_EQ(image.bytes(), c.image);
     }
     EXPECT_EQ(problemLines(EepromImage()), QStringList("0: the image is empty"));
@@ -48,7 +48,8 @@ TEST(EepromImage, SampleChainSpaceAndTableCapacity) {
     // Table counts above the capacity fail the block, though its checksum is right.
     const EepromImage tooMany = EepromImage::fromBytes(sampleWithAlcRows(5));
     EXPECT_TRUE(tooMany.block(5).checksumOk && !tooMany.block(5).ok());
-    EXPECT_EQ(tooMany.block(5).overCapacity, "counts 5*10 exceed the capacity 4*10");
+    EXPECT_EQ(tooMany.block(5).capacity.code, ResultCode::OverCapacity);
+    EXPECT_EQ(tooMany.block(5).capacity.message, "counts 5*10 exceed the capacity 4*10");
     EXPECT_EQ(problemLines(tooMany),
               QStringList("164: block 15731: counts 5*10 exceed the capacity 4*10"));
 }
@@ -111,11 +112,10 @@ TEST(EepromImage, ReplacingBlocksKeepsTheImageLength) {
         block[2] = static_cast<char>(8 + payload);
         return sealed(block);
     };
-    QString error;
+    Outcome outcome;
     const auto replaced = [&](const QByteArray& block) {
         EepromImage image = EepromImage::fromBytes(original);
-        error.clear();
-        image.replaceBlock(1, block, error);
+        outcome = image.replaceBlock(1, block);
         return image.bytes();
     };
     const QByteArray tail = selfDescribingBlock() + endBlock();
@@ -125,36 +125,41 @@ TEST(EepromImage, ReplacingBlocksKeepsTheImageLength) {
               hex(identBlock() + resized(0) + tail + QByteArray(16, '\xFF')));
     EXPECT_EQ(EepromImage::fromBytes(replaced(resized(0))).endOffset(), 44);
 
+    const auto refusal = [](const Outcome& outcome) {
+        return QStringLiteral("%1: %2").arg(QLatin1String(resultCodeName(outcome.code)),
+                                            outcome.message);
+    };
     const struct {
         QByteArray block;
         const char* error;
     } refused[] = {
-        {resized(17), "the new chain needs 65 bytes, the image holds 64"},
-        {calibBlock() + bytesOf({0}), "the new block 1 of 13 bytes is not a block image"},
-        {calibBlock().left(7), "the new block 1 of 7 bytes is not a block image"},
+        {resized(17), "no room in the image: the new chain needs 65 bytes, the image holds 64"},
+        {calibBlock() + bytesOf({0}),
+         "corrupt block: the new block 1 of 13 bytes is not a block image"},
+        {calibBlock().left(7), "corrupt block: the new block 1 of 7 bytes is not a block image"},
         {sealed(bytesOf({0xFF, 0xFF, 0x08, 0x00, 0, 0, 0, 0})),
-         "the new block 1 of 8 bytes is not a block image"},
+         "corrupt block: the new block 1 of 8 bytes is not a block image"},
     };
     for (const auto& c : refused) {
         EXPECT_EQ(replaced(c.block), original);
-        EXPECT_EQ(error, c.error);
+        EXPECT_EQ(refusal(outcome), c.error);
     }
 
     EepromImage image = EepromImage::fromBytes(original);
-    EXPECT_FALSE(image.replaceBlock(3, calibBlock(), error)); // the end block
-    EXPECT_EQ(error, "there is no data block 3");
-    EXPECT_FALSE(image.replaceBlock(-1, calibBlock(), error));
-    EXPECT_EQ(error, "there is no data block -1");
+    EXPECT_EQ(refusal(image.replaceBlock(3, calibBlock())), // the end block
+              "no such block: there is no data block 3");
+    EXPECT_EQ(refusal(image.replaceBlock(-1, calibBlock())),
+              "no such block: there is no data block -1");
     // All or nothing: a good replacement does not happen beside a refused one.
-    EXPECT_FALSE(image.replaceBlocks({{0, identBlock()}, {1, resized(17)}}, error));
+    EXPECT_FALSE(image.replaceBlocks({{0, identBlock()}, {1, resized(17)}}).ok());
     EXPECT_EQ(image.bytes(), original);
-    ASSERT_TRUE(image.replaceBlocks({{0, identBlock()}, {1, resized(4)}}, error));
+    ASSERT_TRUE(image.replaceBlocks({{0, identBlock()}, {1, resized(4)}}).ok());
     EXPECT_EQ(image.bytes(), identBlock() + resized(4) + tail + QByteArray(12, '\xFF'));
 
     const QByteArray broken = brokenChains()[6].image;
     EepromImage chainless = EepromImage::fromBytes(broken);
-    EXPECT_FALSE(chainless.replaceBlock(1, calibBlock(), error));
-    EXPECT_EQ(error, "the chain is broken");
+    EXPECT_EQ(refusal(chainless.replaceBlock(1, calibBlock())),
+              "chain broken: the chain is broken");
     EXPECT_EQ(chainless.bytes(), broken);
 }
 

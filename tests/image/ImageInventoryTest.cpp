@@ -138,9 +138,9 @@ TEST(ImageInventory, RowsComeFromTheRecordBlocks) {
     EXPECT_EQ(cells(0), "broken chain|1|1234.5678.02|102345|37|2021-06-15|RF-BOARD 6G|-|-|1|"
                         "0x002c: block 10000 of 64 bytes runs past the end of the image (8 bytes "
                         "left)");
-    EXPECT_EQ(cells(1), "ok|13|1234.5678.02|102345|37|2021-06-15|RF-BOARD 6G|2023-11-07|15872|0|-");
-    EXPECT_EQ(cells(2), "ok|4|1234.5678.02|102345|37|2021-06-15|RF-BOARD 6G|2025-02-28|-|0|-");
-    EXPECT_EQ(cells(3), "ok|3|-|-|-|-|-|-|-|0|-");
+    EXPECT_EQ(cells(1), "ok|14|1234.5678.02|102345|37|2021-06-15|RF-BOARD 6G|2023-11-07|15872|0|-");
+    EXPECT_EQ(cells(2), "ok|5|1234.5678.02|102345|37|2021-06-15|RF-BOARD 6G|2025-02-28|-|0|-");
+    EXPECT_EQ(cells(3), "ok|4|-|-|-|-|-|-|-|0|-");
     EXPECT_EQ(rows[3].path, root + "/short ident.eeprom");
 
     QStringList keys;

@@ -48,7 +48,7 @@ TEST(ImageExport, SampleAndTablesOverTheirCapacity) {
 TEST(ImageImport, EditsAreNamedInTheBlocksTermsAndTheRestIsListedAsSkipped) {
     const EepromImage image = sample();
     const ImportPlan same = planImport(image, example("sample.cal"));
-    ASSERT_TRUE(same.ok) << same.error.toStdString();
+    ASSERT_TRUE(same.ok()) << same.outcome.message.toStdString();
     EXPECT_EQ(same.changedCount(), 0);
     EXPECT_EQ(same.blocks.size(), 12); // eight tables and four records
 
@@ -64,7 +64,7 @@ TEST(ImageImport, EditsAreNamedInTheBlocksTermsAndTheRestIsListedAsSkipped) {
                     "DESCRIPTOR7:", "DESCRIPTOR7: PATH_RF_C") +
            "\nID:  NO_SUCH_BLOCK\n";
     const ImportPlan plan = planImport(image, text);
-    ASSERT_TRUE(plan.ok) << plan.error.toStdString();
+    ASSERT_TRUE(plan.ok()) << plan.outcome.message.toStdString();
     EXPECT_EQ(plan.changedCount(), 5);
     const struct {
         quint16 id;
@@ -110,8 +110,7 @@ TEST(ImageImport, EditsAreNamedInTheBlocksTermsAndTheRestIsListedAsSkipped) {
         const ImportedBlock* block = findBlock(plan, e.id);
         bytes.replace(block->offset, block->before.size(), block->after);
     }
-    QString error;
-    ASSERT_TRUE(applyImport(copy, plan, error));
+    ASSERT_TRUE(applyPlan(copy, plan).ok());
     EXPECT_EQ(copy.bytes(), bytes);
 }
 
@@ -169,7 +168,7 @@ TEST(ImageImport, BlocksThatCannotBeReplacedAreReportedAndLeftAlone) {
     const EepromImage own = EepromImage::fromBytes(headed.getByteArrayData() +
                                                    registers.getByteArrayData() + endBlock());
     const ImportPlan ownPlan = planImport(own, exported(own));
-    ASSERT_TRUE(ownPlan.ok && ownPlan.blocks.size() == 1 && ownPlan.skipped.size() == 1);
+    ASSERT_TRUE(ownPlan.ok() && ownPlan.blocks.size() == 1 && ownPlan.skipped.size() == 1);
     EXPECT_EQ(ownPlan.blocks[0].outcome, ImportedBlock::NotImportable);
     EXPECT_EQ(ownPlan.blocks[0].note, "its own text form reads back 1 index differently");
     EXPECT_EQ(ownPlan.skipped[0].name + ": " + ownPlan.skipped[0].reason,
@@ -183,11 +182,10 @@ TEST(ImageImport, BlocksThatCannotBeReplacedAreReportedAndLeftAlone) {
         EepromImage image = EepromImage::fromBytes(c.image);
         const ImportPlan plan = planImport(image, text);
         const ImportedBlock* block = findBlock(plan, c.id);
-        ASSERT_TRUE(plan.ok && block != nullptr) << plan.error.toStdString();
+        ASSERT_TRUE(plan.ok() && block != nullptr) << plan.outcome.message.toStdString();
         EXPECT_EQ(block->outcome, ImportedBlock::NotImportable);
         EXPECT_EQ(block->note, c.note);
-        QString error;
-        applyImport(image, plan, error);
+        applyPlan(image, plan);
         EXPECT_EQ(image.blockBytes(block->index), block->before);
     }
 }
@@ -221,12 +219,13 @@ TEST(ImageImport, MalformedSectionsStopThePlanWithSectionAndLine) {
         SCOPED_TRACE(c.error);
         ASSERT_FALSE(c.text.isEmpty());
         const ImportPlan plan = planImport(sample(), c.text);
-        EXPECT_FALSE(plan.ok);
-        EXPECT_EQ(plan.error, c.error);
+        EXPECT_EQ(plan.outcome.code, ResultCode::BadText);
+        EXPECT_EQ(plan.outcome.message, c.error);
+        EXPECT_TRUE(plan.replace.isEmpty());
         EepromImage image = sample();
-        QString error;
-        EXPECT_FALSE(applyImport(image, plan, error));
-        EXPECT_EQ(error, plan.error);
+        const Outcome applied = applyPlan(image, plan);
+        EXPECT_EQ(std::make_pair(applied.code, applied.message),
+                  std::make_pair(plan.outcome.code, plan.outcome.message));
         EXPECT_EQ(image.bytes(), example("sample.eeprom"));
     }
 }

@@ -208,7 +208,7 @@ TEST(RecordFields, CodecsStoreExactBytesOrRefuseWithTheFieldsRule) {
         {2, 20, "SN", "1", -1, nullptr, "SN cannot be set: the block has 20 bytes, its record 44",
          ResultCode::Corrupt},
         {15730, 56, "SN", "1", -1, nullptr, "block 15730 has no named fields",
-         ResultCode::UnknownField},
+         ResultCode::NoFields},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.field) + "=" + c.value);
@@ -236,15 +236,14 @@ TEST(RecordEdit, ReportsEveryChangeAndTouchesOnlyItsBlock) {
     const QByteArray ident = fresh(2, 44);
     EepromImage image = EepromImage::fromBytes(chain({ident, fresh(300, 12)}));
     const QByteArray before = image.bytes();
-    EXPECT_EQ(planRecordEdit(image, 2, 1, {{"SN", "5"}, {"sn", "6"}}).error.toStdString(),
+    EXPECT_EQ(planRecordEdit(image, 2, 1, {{"SN", "5"}, {"sn", "6"}}).outcome.message,
               "SN is assigned twice");
     const RecordEdit edit = planRecordEdit(image, 2, 1, {{"sn", "5"}, {"NAME", "X"}});
-    ASSERT_TRUE(edit.ok) << edit.error.toStdString();
+    ASSERT_TRUE(edit.ok()) << edit.outcome.message.toStdString();
     ASSERT_EQ(edit.changes.size(), 2);
     EXPECT_EQ(QStringList({edit.changes[0].field, edit.changes[0].before, edit.changes[0].after}),
               QStringList({"SN", "0", "5"}));
-    QString error;
-    ASSERT_TRUE(applyRecordEdit(image, edit, error)) << error.toStdString();
+    ASSERT_TRUE(applyPlan(image, edit).ok());
     QByteArray expected = ident;
     expected.replace(20, 4, bytesOf({5, 0, 0, 0})).replace(30, 1, "X");
     EXPECT_EQ(hex(image.bytes()), hex(sealed(expected) + before.mid(44)));
@@ -259,16 +258,20 @@ TEST(ImageRepair, RestoresTheChecksumAndCrcAndRefusesWhatTheWalkCannotDelimit) {
     corrupted[4] = static_cast<char>(corrupted[4] ^ 0x55);        // statistics checksum
     corrupted[12 + 8] = static_cast<char>(corrupted[12 + 8] ^ 1); // CRC-32 of block 20010
     EepromImage broken = EepromImage::fromBytes(corrupted);
-    QString error;
-    ASSERT_TRUE(applyRepair(broken, planRepair(broken), error));
+    ASSERT_TRUE(applyPlan(broken, planRepair(broken)).ok());
     EXPECT_EQ(hex(broken.bytes()), hex(original));
     EXPECT_EQ(planRepair(EepromImage::fromBytes(corrupted), 20010).repairs.size(), 1);
 
     QByteArray cut = corrupted.left(12 + 8);
     cut[12 + 2] = 100; // block 20010 claims 100 bytes
-    const RepairPlan refused = planRepair(EepromImage::fromBytes(cut));
-    ASSERT_EQ(refused.refused.size(), 1);
-    EXPECT_EQ(refused.refused[0].offset, 12);
+    EepromImage cutImage = EepromImage::fromBytes(cut);
+    const RepairPlan refused = planRepair(cutImage);
+    ASSERT_EQ(refused.notes.size(), 1);
+    EXPECT_EQ(std::make_pair(refused.notes[0].offset, refused.notes[0].code),
+              std::make_pair(12, ResultCode::ChainBroken));
+    // Before the break the repair is written in place; the broken block stays as it was.
+    ASSERT_TRUE(applyPlan(cutImage, refused).ok());
+    EXPECT_EQ(hex(cutImage.bytes()), hex(original.left(12) + cut.mid(12)));
 }
 
 TEST(ChainOffset, BlocksCountFromTheFileAndAStartPastTheEndBreaksTheChain) {
@@ -302,7 +305,7 @@ TEST(RecordImport, ReadsEditedFieldsAndKeepsWhatThePrintingCannotShow) {
                                  "SN:              0\n"
                                  "NAME:            AB\n\n";
     ImportPlan plan = planImport(image, untouched);
-    ASSERT_TRUE(plan.ok && plan.blocks.size() == 1) << plan.error.toStdString();
+    ASSERT_TRUE(plan.ok() && plan.blocks.size() == 1) << plan.outcome.message.toStdString();
     EXPECT_EQ(plan.blocks[0].outcome, ImportedBlock::Unchanged);
     EXPECT_TRUE(plan.skipped.isEmpty());
 
@@ -325,8 +328,8 @@ TEST(RecordImport, ReadsEditedFieldsAndKeepsWhatThePrintingCannotShow) {
 
     const QByteArray bad = "ID:              SERVICE_200\nSERVICEDATE:     2024-13-01\n";
     plan = planImport(image, bad);
-    EXPECT_FALSE(plan.ok);
-    EXPECT_EQ(plan.error.toStdString(),
+    EXPECT_EQ(plan.outcome.code, ResultCode::DoesNotFit);
+    EXPECT_EQ(plan.outcome.message.toStdString(),
               "section SERVICE_200 (line 1), SERVICEDATE: '2024-13-01' is not a date; the field "
               "takes a date YYYY-MM-DD from 1980-01-01 to 2107-12-31");
 }

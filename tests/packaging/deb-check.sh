@@ -74,7 +74,7 @@ echo "$out"
 printf '%s\n' "$out" | grep -q '^/usr/lib/python3/dist-packages/epromdatablock\..*\.so$' ||
     fail "the module does not come from /usr/lib/python3/dist-packages"
 printf '%s\n' "$out" | grep -qx 'True' || fail "the stub is not beside the module"
-printf '%s\n' "$out" | grep -qx '<Image 32768 bytes, 13 blocks, end block at 0x2d1c, ok>' ||
+printf '%s\n' "$out" | grep -qx '<Image 32768 bytes, 14 blocks, end block at 0x2d1c, ok>' ||
     fail "the module read the sample wrongly"
 
 echo "== apt-get purge"

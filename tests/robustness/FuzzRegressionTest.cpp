@@ -23,8 +23,7 @@ TEST(ImportRefusal, MangledCountsNeverReachTheImage) {
         ASSERT_FALSE(text.isEmpty());
         const ImportPlan plan = planImport(image, text);
         EepromImage result = image;
-        QString why;
-        EXPECT_TRUE(applyImport(result, plan, why) ? result.ok() : !plan.ok)
+        EXPECT_TRUE(applyPlan(result, plan).ok() ? result.ok() : !plan.ok())
             << line << ": " << result.problems().value(0).text.toStdString();
     }
 }
@@ -88,7 +87,7 @@ TEST(BoundedWork, ComplaintsAboutOneSectionAreSummarised) {
     // A record section that lost its lines: the complaints about it are summarised too.
     const ImportPlan plan =
         planImport(EepromImage::fromBytes(example("sample.eeprom")), "ID:              IDENT_2\n");
-    ASSERT_TRUE(plan.ok && plan.blocks.size() == 1) << plan.error.toStdString();
+    ASSERT_TRUE(plan.ok() && plan.blocks.size() == 1) << plan.outcome.message.toStdString();
     ASSERT_EQ(plan.blocks[0].complaints.size(), 6);
     EXPECT_EQ(plan.blocks[0].complaints[0], "no ALIGNMENT: line, ALIGNMENT kept");
     EXPECT_EQ(plan.blocks[0].complaints[5], "... and 5 more lines like this");

@@ -42,17 +42,17 @@ TEST(ToolBatch, VerifyListAndExportOverAFolder) {
     EXPECT_EQ(verify.err, "");
     EXPECT_EQ(verify.out,
               "depot/a.eeprom:\n"
-              "  ok: 13 blocks checked, end block at 0x2d1c\n"
+              "  ok: 14 blocks checked, end block at 0x2d1c\n"
               "depot/b.eeprom:\n"
               "  0x002c: block 200: checksum BAD (stored 0x9eb7, computed 0x9fb7)\n"
-              "  FAILED: 1 problem in 13 blocks, end block at 0x2d1c\n"
+              "  FAILED: 1 problem in 14 blocks, end block at 0x2d1c\n"
               "depot/rack 2/empty.eeprom:\n"
               "  0x0000: the image is empty\n"
               "  FAILED: chain broken at 0x0000 after 0 blocks, 1 problem\n"
               "depot/rack 2/" +
                   kOdd +
                   ":\n"
-                  "  ok: 13 blocks checked, end block at 0x2d1c\n"
+                  "  ok: 14 blocks checked, end block at 0x2d1c\n"
                   "depot/rack 2/z large.bin:\n"
                   "  unreadable: 16777217 bytes, too large for an EEPROM image (at most 16777216)\n"
                   "missing.eeprom:\n"
@@ -117,15 +117,15 @@ TEST(ToolBatch, InventoryAsTextCsvAndJson) {
     EXPECT_EQ(csv.out,
               "path,verdict,blocks,partNumber,serialNumber,hardwareCode,productDate,name,"
               "lastServiceDate,operatingHours,problems,reason\r\n"
-              "depot/a.eeprom,ok,13," +
+              "depot/a.eeprom,ok,14," +
                   good +
                   ",0,\r\n"
-                  "depot/b.eeprom,failed checks,13," +
+                  "depot/b.eeprom,failed checks,14," +
                   good +
                   ",1,"
                   "\"0x002c: block 200: checksum BAD (stored 0x9eb7, computed 0x9fb7)\"\r\n"
                   "depot/rack 2/empty.eeprom,broken chain,0,,,,,,,,1,0x0000: the image is empty\r\n"
-                  "\"depot/rack 2/odd \"\"m\xC3\xB6\x64ule\"\", 1.eeprom\",ok,13," +
+                  "\"depot/rack 2/odd \"\"m\xC3\xB6\x64ule\"\", 1.eeprom\",ok,14," +
                   good +
                   ",0,\r\n"
                   "depot/rack 2/z large.bin,unreadable,,,,,,,,,1,"
@@ -139,7 +139,7 @@ TEST(ToolBatch, InventoryAsTextCsvAndJson) {
     const QJsonArray rows = document["images"].toArray();
     ASSERT_EQ(rows.size(), 5);
     EXPECT_EQ(QJsonDocument(rows[3].toObject()).toJson(QJsonDocument::Compact),
-              QString(R"({"blocks":13,"hardwareCode":37,"lastServiceDate":"2023-11-07",)"
+              QString(R"({"blocks":14,"hardwareCode":37,"lastServiceDate":"2023-11-07",)"
                       R"("name":"RF-BOARD 6G","operatingHours":15872,)"
                       R"("partNumber":"1234.5678.02","path":"depot/rack 2/odd \"m)"
                       "\xC3\xB6"
@@ -151,7 +151,7 @@ TEST(ToolBatch, InventoryAsTextCsvAndJson) {
 
     const ToolResult text = tool.run({"inventory", "depot/a.eeprom", "depot/rack 2/empty.eeprom"});
     EXPECT_EQ(text.out,
-              "depot/a.eeprom: ok, 13 blocks, part number 1234.5678.02, SN 102345, "
+              "depot/a.eeprom: ok, 14 blocks, part number 1234.5678.02, SN 102345, "
               "hardware code 37, made 2021-06-15, name 'RF-BOARD 6G', last service 2023-11-07, "
               "15872 operating hours\n"
               "depot/rack 2/empty.eeprom: broken chain, 0 blocks, no ident block, "

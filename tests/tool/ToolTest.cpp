@@ -7,7 +7,9 @@
 #include <ImageExport.h>
 #include <ImageImport.h>
 #include <QDir>
+#include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <gtest/gtest.h>
 
 using namespace Tupsim;
@@ -34,26 +36,28 @@ TEST(Tool, ListingsMatchTheirGoldensAndJsonHasEveryBlockField) {
                           const char* kind, const char* textId, const QString& crc = "null") {
         return QStringLiteral(
                    R"({"alignment":0,"checksum":{"computed":%1,"ok":true,"stored":%1},)"
-                   R"("className":"%2","crc32":%3,"end":false,"id":%4,"kind":"%5","offset":%6,)"
-                   R"("size":%7,"textId":"%8"})")
+                   R"("className":"%2","crc32":%3,"end":false,"id":%4,"kind":"%5","name":"%8",)"
+                   R"("offset":%6,"overCapacity":null,"size":%7,"textId":"%8"})")
             .arg(QString::number(word(bytes, 4)), className, crc, QString::number(word(bytes, 0)),
                  kind, QString::number(offset), QString::number(bytes.size()), textId);
     };
     const QString crc = QStringLiteral(R"({"computed":%1,"eventCounter":false,"ok":true,)"
                                        R"("stored":%1})")
                             .arg(crcField(selfDescribingBlock()));
-    EXPECT_EQ(QJsonDocument::fromJson(list.out.toUtf8()).toJson(QJsonDocument::Compact),
-              QStringLiteral(R"({"blocks":[%1,%2,%3,{"alignment":0,"checksum":null,)"
-                             R"("className":"HwDatablockEnd","crc32":null,"end":true,"id":65535,)"
-                             R"("kind":"end","offset":48,"size":4,"textId":"END"}],"endOffset":48,)"
-                             R"("exitCode":0,"free":12,"image":"good.bin","imageSize":64,)"
-                             R"("problems":[],"used":52})")
-                  .arg(block(identBlock(), 0, "HwDatablockIdent", "identification", "IDENT_2"),
-                       block(calibBlock(), 16, "HwDatablockSsynOcxoRefCalValue",
-                             "calibration record", "SSYN_OCXO_REF_CAL_VALUE"),
-                       block(selfDescribingBlock(), 28, "HwDatablock2Edition", "self-describing",
-                             "USER_20001", crc))
-                  .toUtf8());
+    EXPECT_EQ(
+        QJsonDocument::fromJson(list.out.toUtf8()).toJson(QJsonDocument::Compact),
+        QStringLiteral(R"({"blocks":[%1,%2,%3,{"alignment":0,"checksum":null,)"
+                       R"("className":"HwDatablockEnd","crc32":null,"end":true,"id":65535,)"
+                       R"("kind":"end","name":"END","offset":48,"overCapacity":null,)"
+                       R"("size":4,"textId":"END"}],"endOffset":48,)"
+                       R"("exitCode":0,"free":12,"image":"good.bin","imageSize":64,"ok":true,)"
+                       R"("problems":[],"used":52})")
+            .arg(block(identBlock(), 0, "HwDatablockIdent", "identification", "IDENT_2"),
+                 block(calibBlock(), 16, "HwDatablockSsynOcxoRefCalValue", "calibration record",
+                       "SSYN_OCXO_REF_CAL_VALUE"),
+                 block(selfDescribingBlock(), 28, "HwDatablock2Edition", "self-describing",
+                       "USER_20001", crc))
+            .toUtf8());
 }
 
 TEST(Tool, BrokenChainsExitWithTwoAndNothingIsWritten) {
@@ -150,8 +154,7 @@ TEST(Tool, ImportWritesTheImageAndKeepsABackup) {
     tool.write("image.bin", original);
     tool.write("cal.txt", sampleCalWithEditedCell());
     EepromImage edited = EepromImage::fromBytes(original);
-    QString error;
-    ASSERT_TRUE(applyImport(edited, planImport(edited, tool.read("cal.txt")), error));
+    ASSERT_TRUE(applyPlan(edited, planImport(edited, tool.read("cal.txt"))).ok());
     const ToolResult dry = tool.run({"import", "image.bin", "cal.txt", "--dry-run"});
     EXPECT_EQ(dry.exitCode, 0);
     EXPECT_EQ(dry.outLines().last(), "dry run: image.bin left as it is");
@@ -172,7 +175,7 @@ TEST(Tool, ImportWritesTheImageAndKeepsABackup) {
     EXPECT_TRUE(lines.contains(
         "section USER_20010 (line 118): self-describing blocks are not imported, left as it was"));
     EXPECT_EQ(lines.mid(lines.size() - 2),
-              QStringList({"12 of 13 blocks have a section in cal.txt, 1 replaced",
+              QStringList({"12 of 14 blocks have a section in cal.txt, 1 replaced",
                            "wrote image.bin, previous kept as image.bin.bak"}));
     EXPECT_EQ(tool.read("image.bin"), edited.bytes());
     EXPECT_EQ(tool.read("image.bin.bak"), original);
@@ -234,7 +237,7 @@ TEST(Tool, ShowDiffFailedChecksAndSample) {
         QStringList({QStringLiteral("0x0010: block 10000: checksum BAD (stored %1, "
                                     "computed %2)")
                          .arg(hex4(word(calibBlock(), 4)), hex4(word(sealed(bad.mid(16, 12)), 4))),
-                     "FAILED: 1 problem in 3 blocks, end block at 0x0030"}));
+                     "FAILED: 1 problem in 4 blocks, end block at 0x0030"}));
     const ToolResult list = tool.run({"list", "bad.bin"});
     EXPECT_EQ(list.exitCode, 1);
     EXPECT_EQ(list.outLines().value(2),
@@ -247,8 +250,19 @@ TEST(Tool, ShowDiffFailedChecksAndSample) {
     EXPECT_EQ(diff.exitCode, 1);
     EXPECT_EQ(diff.outLines(), QStringList({"changed block 10000 at 0x0010: 1 payload byte changed",
                                             "1 difference: 1 changed, 0 removed, 0 added"}));
+    const QJsonObject diffJson =
+        QJsonDocument::fromJson(tool.run({"diff", "--json", "good.bin", "bad.bin"}).out.toUtf8())
+            .object();
+    EXPECT_EQ(QJsonDocument(diffJson.value("differences").toArray()).toJson(QJsonDocument::Compact),
+              QByteArray(R"([{"bytesChanged":1,"headerChanges":[],"id":10000,"kind":"changed",)"
+                         R"("offsetA":16,"offsetB":16,"sizeA":12,"sizeB":12}])"));
+    EXPECT_EQ(QJsonDocument(diffJson.value("problemsB").toArray()).toJson(QJsonDocument::Compact),
+              QStringLiteral("[{\"code\":\"checksum failed\",\"message\":\"block 10000: "
+                             "checksum BAD (stored %1, computed %2)\",\"offset\":16}]")
+                  .arg(hex4(word(calibBlock(), 4)), hex4(word(sealed(bad.mid(16, 12)), 4)))
+                  .toUtf8());
     EXPECT_EQ(tool.run({"diff", "good.bin", "good.bin"}).outLines(),
-              QStringList("no differences in 3 blocks"));
+              QStringList("no differences in 4 blocks"));
 
     ASSERT_EQ(tool.run({"sample", "-o", "s.eeprom"}).exitCode, 0);
     // On a mismatch `make examples` regenerates the examples.

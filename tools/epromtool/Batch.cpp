@@ -17,7 +17,7 @@ QJsonObject unreadableJson(const Tupsim::BatchItem& item) {
     return QJsonObject{{QStringLiteral("image"), item.path},
                        {QStringLiteral("readable"), false},
                        {QStringLiteral("error"), item.reason},
-                       {QStringLiteral("exitCode"), ExitUnreadable}};
+                       {QStringLiteral("exitCode"), exitCodeOf(Tupsim::ResultCode::Unreadable)}};
 }
 
 // A path inside a comment line of a calibration file: a line break in a file name must not
@@ -48,7 +48,8 @@ QStringList imagePaths(const CommandLine& line) {
 }
 
 int exitCodeOf(const Tupsim::BatchItem& item) {
-    return item.readable ? exitCodeOf(item.image) : static_cast<int>(ExitUnreadable);
+    return item.readable ? exitCodeOf(item.image)
+                         : static_cast<int>(exitCodeOf(Tupsim::ResultCode::Unreadable));
 }
 
 QStringList linesOf(const std::string& text) {
@@ -148,18 +149,18 @@ int runBatchExport(const CommandLine& line, int chainStart, const QSet<quint16>&
             std::cout << "# " << commentSafe(item.path).toStdString() << '\n';
             if (!item.readable) {
                 error(QStringLiteral("cannot read %1: %2").arg(item.path, item.reason));
-                code = worse(code, ExitUnreadable);
+                code = worse(code, exitCodeOf(Tupsim::ResultCode::Unreadable));
                 return;
             }
             const Tupsim::EepromImage& image = item.image;
             complain(item.path, image.problems());
             if (image.chainBroken()) {
                 error(QStringLiteral("%1: the chain is broken, nothing exported").arg(item.path));
-                code = worse(code, ExitUnreadable);
+                code = worse(code, exitCodeOf(Tupsim::ResultCode::ChainBroken));
                 return;
             }
             if (reportMissingIds(item.path, image, ids)) {
-                code = worse(code, ExitUnreadable);
+                code = worse(code, exitCodeOf(Tupsim::ResultCode::UnknownBlock));
                 return;
             }
             std::cout << Tupsim::exportImage(image, ids);

@@ -94,10 +94,10 @@ void CommandLine::addOffsetOption() {
                       QStringLiteral("N")});
 }
 
-int CommandLine::chainStart(int& start) const {
+Stop CommandLine::chainStart(int& start) const {
     start = 0;
     if (!parser.isSet(QStringLiteral("offset")))
-        return -1;
+        return std::nullopt;
     const QString text = parser.value(QStringLiteral("offset"));
     bool ok = false;
     const bool isHex = text.startsWith(QLatin1String("0x"), Qt::CaseInsensitive);
@@ -105,7 +105,7 @@ int CommandLine::chainStart(int& start) const {
     if (!ok || value > static_cast<qulonglong>(std::numeric_limits<int>::max()))
         return usageError(QStringLiteral("'%1' is not an offset").arg(text));
     start = static_cast<int>(value);
-    return -1;
+    return std::nullopt;
 }
 
 void CommandLine::addWriteOptions(const QString& output) {
@@ -136,7 +136,7 @@ void CommandLine::addDeviceWriteOptions() {
                       QStringLiteral("DIR")});
 }
 
-int CommandLine::parse(const QStringList& arguments, bool takesRest) {
+Stop CommandLine::parse(const QStringList& arguments, bool takesRest) {
     if (!parser.parse(arguments))
         return usageError(parser.errorText());
     if (parser.isSet(QStringLiteral("help"))) {
@@ -157,7 +157,7 @@ int CommandLine::parse(const QStringList& arguments, bool takesRest) {
             return usageError(QStringLiteral("'%1' is not a page size from 1 to 65536")
                                   .arg(parser.value(QStringLiteral("page-size"))));
     }
-    return -1;
+    return std::nullopt;
 }
 
 QString CommandLine::argument(int index) const {
@@ -184,30 +184,30 @@ void CommandLine::addIndexOption(const QString& what) {
          QStringLiteral("K")});
 }
 
-int CommandLine::occurrence(int& occurrence) const {
+Stop CommandLine::occurrence(int& occurrence) const {
     occurrence = 1;
     if (!isSet(QStringLiteral("index")))
-        return -1;
+        return std::nullopt;
     bool ok = false;
     occurrence = value(QStringLiteral("index")).toInt(&ok, 10);
     if (!ok || occurrence < 1)
         return usageError(QStringLiteral("'%1' is not a block number from 1 on")
                               .arg(value(QStringLiteral("index"))));
-    return -1;
+    return std::nullopt;
 }
 
-int CommandLine::parseImageCommand(const QStringList& arguments, int& start, bool takesRest) {
-    const int early = parse(arguments, takesRest);
-    return early >= 0 ? early : chainStart(start);
+Stop CommandLine::parseImageCommand(const QStringList& arguments, int& start, bool takesRest) {
+    const Stop stop = parse(arguments, takesRest);
+    return stop ? stop : chainStart(start);
 }
 
-int CommandLine::requiredId(quint16& id) const {
+Stop CommandLine::requiredId(quint16& id) const {
     if (!isSet(QStringLiteral("id")))
         return usageError(QStringLiteral("missing --id N"));
     if (!parseId(value(QStringLiteral("id")), id))
         return usageError(
             QStringLiteral("'%1' is not a block id").arg(value(QStringLiteral("id"))));
-    return -1;
+    return std::nullopt;
 }
 
 bool CommandLine::parseId(const QString& text, quint16& id) {

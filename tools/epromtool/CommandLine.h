@@ -2,8 +2,10 @@
 // command word to its runner.
 #pragma once
 
+#include <Outcome.h>
 #include <QCommandLineParser>
 #include <QStringList>
+#include <optional>
 
 namespace epromtool {
 
@@ -11,14 +13,22 @@ namespace epromtool {
 enum ExitCode : int {
     ExitOk = 0,
     ExitChecksum = 1,    // a 16-bit checksum or a CRC-32 failed
-    ExitUnreadable = 2,  // an input could not be read, or the chain is broken
+    ExitUnreadable = 2,  // an input could not be read, the chain is broken, or a block, field
+                         // or value was refused
     ExitWriteFailed = 3, // the output could not be written
     ExitUsage = 64,      // the command line is wrong
 };
 
+// The exit code of every result code of the library: the one place where they are chosen.
+ExitCode exitCodeOf(Tupsim::ResultCode code);
+
 inline int worse(int a, int b) {
     return a > b ? a : b;
 }
+
+// The exit code to return at once, after the help or a usage error has been printed; nothing
+// to go on.
+using Stop = std::optional<int>;
 
 class CommandLine {
 public:
@@ -38,10 +48,8 @@ public:
     // --dry-run, --no-backup, --in-place, --page-size N and --backup-dir DIR.
     void addDeviceWriteOptions();
 
-    // -1 to go on; otherwise the exit code to return at once, after the help or the usage
-    // error has been printed.
     // With `takesRest`, arguments behind the required ones are kept for rest().
-    int parse(const QStringList& arguments, bool takesRest = false);
+    Stop parse(const QStringList& arguments, bool takesRest = false);
 
     QString argument(int index) const;
     // The positional arguments behind the required ones.
@@ -58,19 +66,16 @@ public:
     // --index K, the K-th block with that id; `what` says what the command does with it
     // ("Set"), or nothing.
     void addIndexOption(const QString& what);
-    // The --id N that the command requires: -1 with `id` set, or the exit code of the usage
-    // error already reported.
-    int requiredId(quint16& id) const;
-    // The value of --index (1 when it is not given) in `occurrence`; -1 to go on, else the
-    // usage error's exit code after the error has been printed.
-    int occurrence(int& occurrence) const;
+    // The --id N that the command requires, in `id`.
+    Stop requiredId(quint16& id) const;
+    // The value of --index (1 when it is not given) in `occurrence`.
+    Stop occurrence(int& occurrence) const;
     // Parses a block id given in decimal or as 0x...; false when it is none.
     static bool parseId(const QString& text, quint16& id);
-    // The value of --offset (0 when it is not given) in `start`; -1 to go on, else the usage
-    // error's exit code after the error has been printed.
-    int chainStart(int& start) const;
-    // parse() and then chainStart(): -1 to go on with `start` set, else the exit code.
-    int parseImageCommand(const QStringList& arguments, int& start, bool takesRest = false);
+    // The value of --offset (0 when it is not given) in `start`.
+    Stop chainStart(int& start) const;
+    // parse() and then chainStart().
+    Stop parseImageCommand(const QStringList& arguments, int& start, bool takesRest = false);
 
 private:
     QString command;

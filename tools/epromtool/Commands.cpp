@@ -49,15 +49,14 @@ int runReport(const QStringList& arguments, const QString& command, const QStrin
     line.addOffsetOption();
     line.addJsonOption();
     int start = 0;
-    int early = line.parseImageCommand(arguments, start, true);
-    if (early >= 0)
-        return early;
+    if (const Stop stop = line.parseImageCommand(arguments, start, true))
+        return *stop;
     if (isBatch(line))
         return runBatchReport(
             line, start, [text](const EepromImage& image) { return linesOf(text(image)); }, json);
     EepromImage image;
-    if (!loadImage(line.argument(0), image, start))
-        return ExitUnreadable;
+    if (const Stop stop = loadImage(line.argument(0), image, start))
+        return *stop;
     if (line.json())
         out(json(line.argument(0), image));
     else
@@ -83,31 +82,37 @@ bool readFile(const QString& path, QByteArray& content) {
     return false;
 }
 
-// The library refused to apply a checked plan: what was planned, then why nothing was written.
-int applyRefused(const QString& path, const QString& reason, const QStringList& lines) {
+// Applies a checked plan to `image`; when the library refuses, the exit code to stop with,
+// after what was planned and why nothing was written.
+Stop applyRefused(Tupsim::EepromImage& image, const Tupsim::ImagePlan& plan, const QString& path,
+                  const QStringList& lines) {
+    const Tupsim::Outcome applied = Tupsim::applyPlan(image, plan);
+    if (applied.ok())
+        return std::nullopt;
     out(lines);
-    error(QStringLiteral("%1: %2; nothing written").arg(path, reason));
-    return ExitWriteFailed;
+    error(QStringLiteral("%1: %2; nothing written").arg(path, applied.message));
+    return exitCodeOf(applied.code);
 }
 
 // Writes `image` to -o FILE or back to `path` through the library's writer (a device in place,
 // changed pages only), keeping a backup unless --no-backup; with --dry-run writes nothing. Adds
-// what it did to `lines`; false (after printing `lines` and the reason) when the write failed.
-bool writeImage(const CommandLine& line, const QString& path, const EepromImage& image,
+// what it did to `lines`. When the write failed, the exit code to stop with, after `lines` and
+// the reason.
+Stop writeImage(const CommandLine& line, const QString& path, const EepromImage& image,
                 QStringList& lines, QString& written) {
     const QString target =
         line.isSet(QStringLiteral("output")) ? line.value(QStringLiteral("output")) : path;
     const Tupsim::WriteOptions options = writeOptions(line);
     const Tupsim::WriteResult result = Tupsim::writeImage(target, image.bytes(), options);
-    if (!result.ok) {
+    if (!result.ok()) {
         out(lines);
         error(writeFailure(target, result));
-        return false;
+        return exitCodeOf(result.outcome.code);
     }
     if (!options.dryRun)
         written = target;
     lines << writeLines(target, result, options);
-    return true;
+    return std::nullopt;
 }
 
 } // namespace
@@ -135,25 +140,23 @@ int runShow(const QStringList& arguments) {
     line.addOffsetOption();
     line.addJsonOption();
     int start = 0;
-    int early = line.parseImageCommand(arguments, start);
-    if (early >= 0)
-        return early;
+    if (const Stop stop = line.parseImageCommand(arguments, start))
+        return *stop;
     quint16 id = 0;
-    early = line.requiredId(id);
-    if (early >= 0)
-        return early;
+    if (const Stop stop = line.requiredId(id))
+        return *stop;
 
     const QString path = line.argument(0);
     EepromImage image;
-    if (!loadImage(path, image, start))
-        return ExitUnreadable;
+    if (const Stop stop = loadImage(path, image, start))
+        return *stop;
     QVector<int> chosen;
     for (int i = image.find(id); i >= 0; i = image.find(id, i + 1))
         chosen.append(i);
     complain(path, image.chainProblems());
     if (chosen.isEmpty()) {
         error(QStringLiteral("%1: no block with id %2").arg(path).arg(id));
-        return ExitUnreadable;
+        return exitCodeOf(Tupsim::ResultCode::UnknownBlock);
     }
     if (line.json()) {
         out(showJson(path, image, chosen));
@@ -182,16 +185,15 @@ int runDiff(const QStringList& arguments) {
     line.addOffsetOption();
     line.addJsonOption();
     int start = 0;
-    int early = line.parseImageCommand(arguments, start);
-    if (early >= 0)
-        return early;
+    if (const Stop stop = line.parseImageCommand(arguments, start))
+        return *stop;
     EepromImage a;
     EepromImage b;
-    if (!loadImage(line.argument(0), a, start))
-        return ExitUnreadable;
+    if (const Stop stop = loadImage(line.argument(0), a, start))
+        return *stop;
     complain(line.argument(0), a.problems());
-    if (!loadImage(line.argument(1), b, start))
-        return ExitUnreadable;
+    if (const Stop stop = loadImage(line.argument(1), b, start))
+        return *stop;
     complain(line.argument(1), b.problems());
     const Tupsim::ImageDiff diff = Tupsim::diffImages(a, b);
     if (line.json())
@@ -215,9 +217,8 @@ int runExport(const QStringList& arguments) {
                     QStringLiteral("N")});
     line.addOffsetOption();
     int start = 0;
-    int early = line.parseImageCommand(arguments, start, true);
-    if (early >= 0)
-        return early;
+    if (const Stop stop = line.parseImageCommand(arguments, start, true))
+        return *stop;
     QSet<quint16> ids;
     for (const QString& text : line.values(QStringLiteral("id"))) {
         quint16 id = 0;
@@ -234,24 +235,21 @@ int runExport(const QStringList& arguments) {
 
     const QString path = line.argument(0);
     EepromImage image;
-    if (!loadImage(path, image, start))
-        return ExitUnreadable;
+    if (const Stop stop = loadImage(path, image, start))
+        return *stop;
     if (stopOnBrokenChain(path, image, QStringLiteral("exported")))
-        return ExitUnreadable;
+        return exitCodeOf(Tupsim::ResultCode::ChainBroken);
     if (reportMissingIds(path, image, ids))
-        return ExitUnreadable;
+        return exitCodeOf(Tupsim::ResultCode::UnknownBlock);
     const std::string content = Tupsim::exportImage(image, ids);
     if (!line.isSet(QStringLiteral("output"))) {
         std::cout << content;
         std::cout.flush();
         return exitCodeOf(image);
     }
-    QString reason;
-    if (!safeWrite(line.value(QStringLiteral("output")),
-                   QByteArray(content.data(), static_cast<int>(content.size())), false, reason)) {
-        error(reason);
-        return ExitWriteFailed;
-    }
+    if (const Stop stop = writeOutput(line.value(QStringLiteral("output")),
+                                      QByteArray(content.data(), static_cast<int>(content.size()))))
+        return *stop;
     return exitCodeOf(image);
 }
 
@@ -266,44 +264,42 @@ int runImport(const QStringList& arguments) {
     line.addOffsetOption();
     line.addJsonOption();
     int start = 0;
-    int early = line.parseImageCommand(arguments, start);
-    if (early >= 0)
-        return early;
+    if (const Stop stop = line.parseImageCommand(arguments, start))
+        return *stop;
 
     const QString path = line.argument(0);
     EepromImage image;
-    if (!loadImage(path, image, start))
-        return ExitUnreadable;
+    if (const Stop stop = loadImage(path, image, start))
+        return *stop;
     if (stopOnBrokenChain(path, image, QStringLiteral("imported")))
-        return ExitUnreadable;
+        return exitCodeOf(Tupsim::ResultCode::ChainBroken);
     const QString calibrationPath = line.argument(1);
     QByteArray calibrationText;
     if (!readFile(calibrationPath, calibrationText))
-        return ExitUnreadable;
+        return exitCodeOf(Tupsim::ResultCode::Unreadable);
 
     // Everything is read before anything is written.
     const Tupsim::ImportPlan plan = Tupsim::planImport(image, calibrationText);
-    if (!plan.ok) {
-        error(QStringLiteral("%1: %2; nothing written").arg(calibrationPath, plan.error));
-        return ExitUnreadable;
+    if (!plan.ok()) {
+        error(QStringLiteral("%1: %2; nothing written").arg(calibrationPath, plan.outcome.message));
+        return exitCodeOf(plan.outcome.code);
     }
     const int code = exitCodeOf(image);
-    const int dataBlocks = image.dataBlockCount();
+    const int blockCount = image.blockCount();
     QStringList lines = importLines(plan);
-    QString reason;
-    if (!Tupsim::applyImport(image, plan, reason))
-        return applyRefused(path, reason, lines);
+    if (const Stop stop = applyRefused(image, plan, path, lines))
+        return *stop;
     lines << QStringLiteral("%1 of %2 blocks have a section in %3, %4 replaced")
                  .arg(plan.blocks.size())
-                 .arg(dataBlocks)
+                 .arg(blockCount)
                  .arg(calibrationPath)
                  .arg(plan.changedCount());
 
     QString written;
-    if (!writeImage(line, path, image, lines, written))
-        return ExitWriteFailed;
+    if (const Stop stop = writeImage(line, path, image, lines, written))
+        return *stop;
     if (line.json())
-        out(importJson(path, calibrationPath, plan, dataBlocks, written));
+        out(importJson(path, calibrationPath, plan, blockCount, written));
     else
         out(lines);
     return code;
@@ -327,47 +323,44 @@ int runSet(const QStringList& arguments) {
     line.addOffsetOption();
     line.addJsonOption();
     int start = 0;
-    int early = line.parseImageCommand(arguments, start, true);
-    if (early >= 0)
-        return early;
+    if (const Stop stop = line.parseImageCommand(arguments, start, true))
+        return *stop;
     quint16 id = 0;
-    early = line.requiredId(id);
-    if (early >= 0)
-        return early;
+    if (const Stop stop = line.requiredId(id))
+        return *stop;
     int occurrence = 1;
-    early = line.occurrence(occurrence);
-    if (early >= 0)
-        return early;
+    if (const Stop stop = line.occurrence(occurrence))
+        return *stop;
     const QStringList texts = line.rest();
     if (texts.isEmpty())
         return line.usageError(QStringLiteral("no FIELD=VALUE given"));
     QVector<Tupsim::FieldAssignment> assignments;
     for (const QString& text : texts) {
         Tupsim::FieldAssignment assignment;
-        QString reason;
-        if (!Tupsim::parseAssignment(text, assignment, reason))
-            return line.usageError(reason);
+        // Assignments are part of the command line: one that does not parse is a usage error.
+        const Tupsim::Outcome parsed = Tupsim::parseAssignment(text, assignment);
+        if (!parsed.ok())
+            return line.usageError(parsed.message);
         assignments << assignment;
     }
 
     const QString path = line.argument(0);
     EepromImage image;
-    if (!loadImage(path, image, start))
-        return ExitUnreadable;
+    if (const Stop stop = loadImage(path, image, start))
+        return *stop;
     if (stopOnBrokenChain(path, image, QStringLiteral("set")))
-        return ExitUnreadable;
+        return exitCodeOf(Tupsim::ResultCode::ChainBroken);
     const Tupsim::RecordEdit edit = Tupsim::planRecordEdit(image, id, occurrence, assignments);
-    if (!edit.ok) {
-        error(QStringLiteral("%1: %2; nothing written").arg(path, edit.error));
-        return ExitUnreadable;
+    if (!edit.ok()) {
+        error(QStringLiteral("%1: %2; nothing written").arg(path, edit.outcome.message));
+        return exitCodeOf(edit.outcome.code);
     }
     QStringList lines = editLines(edit);
-    QString reason;
-    if (!Tupsim::applyRecordEdit(image, edit, reason))
-        return applyRefused(path, reason, lines);
+    if (const Stop stop = applyRefused(image, edit, path, lines))
+        return *stop;
     QString written;
-    if (!writeImage(line, path, image, lines, written))
-        return ExitWriteFailed;
+    if (const Stop stop = writeImage(line, path, image, lines, written))
+        return *stop;
     if (line.json())
         out(editJson(path, edit, written));
     else
@@ -390,9 +383,8 @@ int runFix(const QStringList& arguments) {
     line.addWriteOptions(kImageArgument);
     line.addOffsetOption();
     int start = 0;
-    int early = line.parseImageCommand(arguments, start);
-    if (early >= 0)
-        return early;
+    if (const Stop stop = line.parseImageCommand(arguments, start))
+        return *stop;
     int onlyId = -1;
     if (line.isSet(QStringLiteral("id"))) {
         quint16 id = 0;
@@ -404,27 +396,26 @@ int runFix(const QStringList& arguments) {
 
     const QString path = line.argument(0);
     EepromImage image;
-    if (!loadImage(path, image, start))
-        return ExitUnreadable;
+    if (const Stop stop = loadImage(path, image, start))
+        return *stop;
     if (onlyId >= 0 && !image.chainBroken() && image.find(static_cast<quint16>(onlyId)) < 0) {
         error(QStringLiteral("%1: no block with id %2; nothing written").arg(path).arg(onlyId));
-        return ExitUnreadable;
+        return exitCodeOf(Tupsim::ResultCode::UnknownBlock);
     }
     const Tupsim::RepairPlan plan = Tupsim::planRepair(image, onlyId);
-    complain(path, plan.refused);
+    complain(path, plan.notes);
     QStringList lines = repairLines(plan);
-    const int code = plan.refused.isEmpty() ? ExitOk : ExitUnreadable;
-    if (plan.nothingToDo()) {
+    const int code = exitCodeOf(plan.notes);
+    if (plan.replace.isEmpty()) {
         lines << QStringLiteral("nothing to fix: %1 left as it is").arg(path);
         out(lines);
         return code;
     }
-    QString reason;
-    if (!Tupsim::applyRepair(image, plan, reason))
-        return applyRefused(path, reason, lines);
+    if (const Stop stop = applyRefused(image, plan, path, lines))
+        return *stop;
     QString written;
-    if (!writeImage(line, path, image, lines, written))
-        return ExitWriteFailed;
+    if (const Stop stop = writeImage(line, path, image, lines, written))
+        return *stop;
     out(lines);
     return worse(code, exitCodeOf(image));
 }
@@ -439,16 +430,12 @@ int runSample(const QStringList& arguments) {
     line.addOption({{QStringLiteral("o"), QStringLiteral("output")},
                     QStringLiteral("The file to write (required)."),
                     QStringLiteral("FILE")});
-    const int early = line.parse(arguments);
-    if (early >= 0)
-        return early;
+    if (const Stop stop = line.parse(arguments))
+        return *stop;
     if (!line.isSet(QStringLiteral("output")))
         return line.usageError(QStringLiteral("missing -o FILE"));
-    QString reason;
-    if (!safeWrite(line.value(QStringLiteral("output")), Tupsim::sampleImage(), false, reason)) {
-        error(reason);
-        return ExitWriteFailed;
-    }
+    if (const Stop stop = writeOutput(line.value(QStringLiteral("output")), Tupsim::sampleImage()))
+        return *stop;
     return ExitOk;
 }
 

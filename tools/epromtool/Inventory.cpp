@@ -77,12 +77,14 @@ int exitCodeOf(Tupsim::ImageVerdict verdict) {
     case Tupsim::ImageVerdict::Ok:
         return ExitOk;
     case Tupsim::ImageVerdict::FailedChecks:
-        return ExitChecksum;
+        // The worst of its checks' codes is a failed check.
+        return epromtool::exitCodeOf(Tupsim::ResultCode::ChecksumFailed);
     case Tupsim::ImageVerdict::BrokenChain:
+        return epromtool::exitCodeOf(Tupsim::ResultCode::ChainBroken);
     case Tupsim::ImageVerdict::Unreadable:
         break;
     }
-    return ExitUnreadable;
+    return epromtool::exitCodeOf(Tupsim::ResultCode::Unreadable);
 }
 
 } // namespace
@@ -101,9 +103,8 @@ int runInventory(const QStringList& arguments) {
     line.addJsonOption();
     line.addOffsetOption();
     int start = 0;
-    int early = line.parseImageCommand(arguments, start, true);
-    if (early >= 0)
-        return early;
+    if (const Stop stop = line.parseImageCommand(arguments, start, true))
+        return *stop;
     const bool csv = line.isSet(QStringLiteral("csv"));
     if (csv && line.json())
         return line.usageError(QStringLiteral("--csv and --json exclude each other"));

@@ -3,6 +3,7 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
+#include <ReportModel.h>
 #include <algorithm>
 #include <charconv>
 #include <iostream>
@@ -36,64 +37,20 @@ QString verdict(bool present, bool ok) {
     return ok ? QStringLiteral("ok") : QStringLiteral("BAD");
 }
 
-QJsonArray problemsJson(const QVector<Tupsim::ImageProblem>& problems) {
-    QJsonArray array;
-    for (const Tupsim::ImageProblem& problem : problems)
-        array.append(QJsonObject{{QStringLiteral("offset"), problem.offset},
-                                 {QStringLiteral("message"), problem.text}});
-    return array;
-}
-
-QJsonValue endOffset(const EepromImage& image) {
-    return image.chainBroken() ? QJsonValue() : QJsonValue(image.endOffset());
+QJsonObject jsonOf(const QVariantMap& model) {
+    return QJsonObject::fromVariantMap(model);
 }
 
 // What every report says about the image as a whole.
 QJsonObject imageObject(const QString& path, const EepromImage& image) {
-    return QJsonObject{{QStringLiteral("image"), path},
-                       {QStringLiteral("imageSize"), image.size()},
-                       {QStringLiteral("problems"), problemsJson(image.problems())},
-                       {QStringLiteral("exitCode"), exitCodeOf(image)}};
-}
-
-QJsonObject blockJson(const EepromImage& image, int index) {
-    const ImageBlock& b = image.block(index);
-    const Tupsim::BlockKindInfo kind = image.kindOf(index);
-    QJsonObject object{
-        {QStringLiteral("offset"), b.offset},
-        {QStringLiteral("id"), b.id},
-        {QStringLiteral("className"), QLatin1String(kind.className)},
-        {QStringLiteral("textId"), QString::fromStdString(kind.textId)},
-        {QStringLiteral("kind"), QLatin1String(Tupsim::blockCatalogue::kindName(kind.kind))},
-        {QStringLiteral("size"), b.size},
-        {QStringLiteral("end"), b.isEnd},
-        {QStringLiteral("alignment"), b.alignment}};
-    QJsonValue checksum;
-    if (b.hasChecksum)
-        checksum = QJsonObject{{QStringLiteral("stored"), b.storedChecksum},
-                               {QStringLiteral("computed"), b.computedChecksum},
-                               {QStringLiteral("ok"), b.checksumOk}};
-    object[QStringLiteral("checksum")] = checksum;
-    QJsonValue crc;
-    if (b.hasCrc)
-        crc = QJsonObject{{QStringLiteral("stored"), static_cast<qint64>(b.storedCrc)},
-                          {QStringLiteral("computed"), static_cast<qint64>(b.computedCrc)},
-                          {QStringLiteral("ok"), b.crcOk},
-                          {QStringLiteral("eventCounter"), b.eventCounter}};
-    object[QStringLiteral("crc32")] = crc;
+    QJsonObject object = jsonOf(Tupsim::reportModel::summary(image));
+    object[QStringLiteral("image")] = path;
+    object[QStringLiteral("exitCode")] = exitCodeOf(image);
     return object;
 }
 
-const char* differenceName(Tupsim::BlockDifference::Kind kind) {
-    switch (kind) {
-    case Tupsim::BlockDifference::Changed:
-        return "changed";
-    case Tupsim::BlockDifference::Removed:
-        return "removed";
-    case Tupsim::BlockDifference::Added:
-        return "added";
-    }
-    return "";
+QString differenceName(Tupsim::BlockDifference::Kind kind) {
+    return QLatin1String(Tupsim::reportModel::differenceName(kind));
 }
 
 QString fieldValue(const Tupsim::HeaderChange& change, int value) {
@@ -103,9 +60,8 @@ QString fieldValue(const Tupsim::HeaderChange& change, int value) {
 
 QString differenceLine(const Tupsim::BlockDifference& d) {
     using Tupsim::BlockDifference;
-    QString line = QStringLiteral("%1 block %2 at ")
-                       .arg(QString::fromLatin1(differenceName(d.kind)).leftJustified(7))
-                       .arg(d.id);
+    QString line =
+        QStringLiteral("%1 block %2 at ").arg(differenceName(d.kind).leftJustified(7)).arg(d.id);
     if (d.kind == BlockDifference::Removed)
         return line + QStringLiteral("%1, %2 bytes").arg(offsetText(d.offsetA)).arg(d.sizeA);
     if (d.kind == BlockDifference::Added)
@@ -140,18 +96,6 @@ QString importedLine(const Tupsim::ImportedBlock& block) {
     return line;
 }
 
-const char* outcomeName(Tupsim::ImportedBlock::Outcome outcome) {
-    switch (outcome) {
-    case Tupsim::ImportedBlock::Unchanged:
-        return "unchanged";
-    case Tupsim::ImportedBlock::Changed:
-        return "changed";
-    case Tupsim::ImportedBlock::NotImportable:
-        return "not importable";
-    }
-    return "";
-}
-
 } // namespace
 
 void out(const QString& line) {
@@ -178,18 +122,23 @@ void error(const QString& text) {
     std::cerr << "epromtool: " << text.toStdString() << std::endl;
 }
 
-bool loadImage(const QString& path, EepromImage& image, int chainStart) {
-    QString reason;
-    if (EepromImage::fromFile(path, image, reason, chainStart))
-        return true;
-    error(reason);
-    return false;
+Stop loadImage(const QString& path, EepromImage& image, int chainStart) {
+    const Tupsim::Outcome read = EepromImage::fromFile(path, image, chainStart);
+    if (read.ok())
+        return std::nullopt;
+    error(read.message);
+    return exitCodeOf(read.code);
+}
+
+int exitCodeOf(const QVector<Tupsim::ImageProblem>& problems) {
+    int code = ExitOk;
+    for (const Tupsim::ImageProblem& problem : problems)
+        code = worse(code, exitCodeOf(problem.code));
+    return code;
 }
 
 int exitCodeOf(const EepromImage& image) {
-    if (image.chainBroken())
-        return 2;
-    return image.ok() ? 0 : 1;
+    return exitCodeOf(image.problems());
 }
 
 void complain(const QString& path, const QVector<Tupsim::ImageProblem>& problems) {
@@ -267,7 +216,7 @@ std::string listing(const EepromImage& image) {
     QStringList tail;
     for (const Tupsim::ImageProblem& problem : image.problems())
         tail << problemLine(problem);
-    const QString blocks = blocksText(image.dataBlockCount());
+    const QString blocks = blocksText(image.blockCount());
     if (image.chainBroken())
         tail << QStringLiteral("%1 read, chain broken at %2")
                     .arg(blocks, offsetText(image.chainProblems().first().offset));
@@ -282,14 +231,9 @@ std::string listing(const EepromImage& image) {
 }
 
 QJsonDocument listingJson(const QString& path, const EepromImage& image) {
-    QJsonObject object = imageObject(path, image);
-    QJsonArray blocks;
-    for (int i = 0; i < image.blockCount(); ++i)
-        blocks.append(blockJson(image, i));
-    object[QStringLiteral("blocks")] = blocks;
-    object[QStringLiteral("endOffset")] = endOffset(image);
-    object[QStringLiteral("used")] = image.bytesUsed();
-    object[QStringLiteral("free")] = image.bytesFree();
+    QJsonObject object = jsonOf(Tupsim::reportModel::image(image));
+    object[QStringLiteral("image")] = path;
+    object[QStringLiteral("exitCode")] = exitCodeOf(image);
     return QJsonDocument(object);
 }
 
@@ -298,7 +242,7 @@ QStringList verification(const EepromImage& image) {
     const QVector<Tupsim::ImageProblem> problems = image.problems();
     for (const Tupsim::ImageProblem& problem : problems)
         lines << problemLine(problem);
-    const QString blocks = blocksText(image.dataBlockCount());
+    const QString blocks = blocksText(image.blockCount());
     const QString problemCount = problems.size() == 1
                                      ? QStringLiteral("1 problem")
                                      : QStringLiteral("%1 problems").arg(problems.size());
@@ -316,9 +260,7 @@ QStringList verification(const EepromImage& image) {
 
 QJsonDocument verificationJson(const QString& path, const EepromImage& image) {
     QJsonObject object = imageObject(path, image);
-    object[QStringLiteral("blocks")] = image.dataBlockCount();
-    object[QStringLiteral("endOffset")] = endOffset(image);
-    object[QStringLiteral("ok")] = exitCodeOf(image) == 0;
+    object[QStringLiteral("blocks")] = image.blockCount();
     return QJsonDocument(object);
 }
 
@@ -346,7 +288,7 @@ QJsonDocument showJson(const QString& path, const EepromImage& image, const QVec
     QJsonObject object = imageObject(path, image);
     QJsonArray blocks;
     for (int index : chosen) {
-        QJsonObject shown = blockJson(image, index);
+        QJsonObject shown = jsonOf(Tupsim::reportModel::block(image, index));
         shown[QStringLiteral("hex")] = QString::fromLatin1(image.blockBytes(index).toHex());
         blocks.append(shown);
     }
@@ -380,7 +322,7 @@ QStringList diffText(const EepromImage& a, const Tupsim::ImageDiff& diff) {
     if (diff.freeSpaceDiffers)
         lines << QStringLiteral("free space behind the end block differs");
     if (diff.differences.isEmpty())
-        lines << QStringLiteral("no differences in %1").arg(blocksText(a.dataBlockCount()));
+        lines << QStringLiteral("no differences in %1").arg(blocksText(a.blockCount()));
     else
         lines << QStringLiteral("%1: %2 changed, %3 removed, %4 added")
                      .arg(diff.differences.size() == 1
@@ -394,34 +336,14 @@ QStringList diffText(const EepromImage& a, const Tupsim::ImageDiff& diff) {
 
 QJsonDocument diffJson(const QString& pathA, const EepromImage& a, const QString& pathB,
                        const EepromImage& b, const Tupsim::ImageDiff& diff) {
-    QJsonArray list;
-    for (const Tupsim::BlockDifference& d : diff.differences) {
-        QJsonObject object{{QStringLiteral("kind"), QLatin1String(differenceName(d.kind))},
-                           {QStringLiteral("id"), d.id}};
-        if (d.offsetA >= 0) {
-            object[QStringLiteral("offsetA")] = d.offsetA;
-            object[QStringLiteral("sizeA")] = d.sizeA;
-        }
-        if (d.offsetB >= 0) {
-            object[QStringLiteral("offsetB")] = d.offsetB;
-            object[QStringLiteral("sizeB")] = d.sizeB;
-        }
-        if (d.kind == Tupsim::BlockDifference::Changed) {
-            QJsonObject fields;
-            for (const Tupsim::HeaderChange& change : d.headerChanges)
-                fields[change.field] = QJsonArray{change.before, change.after};
-            object[QStringLiteral("headerChanges")] = fields;
-            object[QStringLiteral("bytesChanged")] = d.bytesChanged;
-        }
-        list.append(object);
-    }
-    QJsonObject document{{QStringLiteral("imageA"), pathA},
-                         {QStringLiteral("imageB"), pathB},
-                         {QStringLiteral("differences"), list},
-                         {QStringLiteral("freeSpaceDiffers"), diff.freeSpaceDiffers},
-                         {QStringLiteral("problemsA"), problemsJson(a.problems())},
-                         {QStringLiteral("problemsB"), problemsJson(b.problems())},
-                         {QStringLiteral("exitCode"), qMax(exitCodeOf(a), exitCodeOf(b))}};
+    QJsonObject document = jsonOf(Tupsim::reportModel::diff(diff));
+    document[QStringLiteral("imageA")] = pathA;
+    document[QStringLiteral("imageB")] = pathB;
+    document[QStringLiteral("problemsA")] =
+        jsonOf(Tupsim::reportModel::summary(a)).value(QStringLiteral("problems"));
+    document[QStringLiteral("problemsB")] =
+        jsonOf(Tupsim::reportModel::summary(b)).value(QStringLiteral("problems"));
+    document[QStringLiteral("exitCode")] = worse(exitCodeOf(a), exitCodeOf(b));
     return QJsonDocument(document);
 }
 
@@ -441,28 +363,13 @@ QStringList importLines(const Tupsim::ImportPlan& plan) {
 }
 
 QJsonDocument importJson(const QString& path, const QString& calibrationPath,
-                         const Tupsim::ImportPlan& plan, int dataBlocks, const QString& written) {
-    QJsonArray blocks;
-    for (const Tupsim::ImportedBlock& block : plan.blocks)
-        blocks.append(QJsonObject{
-            {QStringLiteral("id"), block.id},
-            {QStringLiteral("offset"), block.offset},
-            {QStringLiteral("name"), block.name},
-            {QStringLiteral("outcome"), QLatin1String(outcomeName(block.outcome))},
-            {QStringLiteral("note"), block.note},
-            {QStringLiteral("complaints"), QJsonArray::fromStringList(block.complaints)}});
-    QJsonArray skipped;
-    for (const Tupsim::SkippedSection& section : plan.skipped)
-        skipped.append(QJsonObject{{QStringLiteral("name"), section.name},
-                                   {QStringLiteral("line"), section.line},
-                                   {QStringLiteral("reason"), section.reason}});
-    return QJsonDocument(QJsonObject{{QStringLiteral("image"), path},
-                                     {QStringLiteral("calibrationFile"), calibrationPath},
-                                     {QStringLiteral("dataBlocks"), dataBlocks},
-                                     {QStringLiteral("blocks"), blocks},
-                                     {QStringLiteral("skippedSections"), skipped},
-                                     {QStringLiteral("replaced"), plan.changedCount()},
-                                     {QStringLiteral("written"), written}});
+                         const Tupsim::ImportPlan& plan, int blockCount, const QString& written) {
+    QJsonObject document = jsonOf(Tupsim::reportModel::importPlan(plan));
+    document[QStringLiteral("image")] = path;
+    document[QStringLiteral("calibrationFile")] = calibrationPath;
+    document[QStringLiteral("blockCount")] = blockCount;
+    document[QStringLiteral("written")] = written;
+    return QJsonDocument(document);
 }
 
 QStringList editLines(const Tupsim::RecordEdit& edit) {
@@ -483,20 +390,10 @@ QStringList editLines(const Tupsim::RecordEdit& edit) {
 
 QJsonDocument editJson(const QString& path, const Tupsim::RecordEdit& edit,
                        const QString& written) {
-    QJsonArray changes;
-    for (const Tupsim::FieldChange& change : edit.changes)
-        changes.append(QJsonObject{{QStringLiteral("field"), change.field},
-                                   {QStringLiteral("before"), change.before},
-                                   {QStringLiteral("after"), change.after}});
-    return QJsonDocument(QJsonObject{
-        {QStringLiteral("image"), path},
-        {QStringLiteral("id"), edit.id},
-        {QStringLiteral("offset"), edit.offset},
-        {QStringLiteral("name"), edit.name},
-        {QStringLiteral("changes"), changes},
-        {QStringLiteral("checksum"), QJsonObject{{QStringLiteral("before"), edit.checksumBefore},
-                                                 {QStringLiteral("after"), edit.checksumAfter}}},
-        {QStringLiteral("written"), written.isEmpty() ? QJsonValue() : QJsonValue(written)}});
+    QJsonObject document = jsonOf(Tupsim::reportModel::recordEdit(edit));
+    document[QStringLiteral("image")] = path;
+    document[QStringLiteral("written")] = written.isEmpty() ? QJsonValue() : QJsonValue(written);
+    return QJsonDocument(document);
 }
 
 QStringList repairLines(const Tupsim::RepairPlan& plan) {

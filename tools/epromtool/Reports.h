@@ -2,6 +2,8 @@
 // standard output, and complaints on standard error.
 #pragma once
 
+#include "CommandLine.h"
+
 #include <EepromImage.h>
 #include <ImageDiff.h>
 #include <ImageImport.h>
@@ -19,11 +21,13 @@ void out(const std::string& text);
 void out(const QJsonDocument& document);
 // "epromtool: " followed by the text, on standard error.
 void error(const QString& text);
-// Reads the image at `path` (its chain starting at `chainStart`); false, after one line on
-// standard error, when the file cannot be read.
-bool loadImage(const QString& path, Tupsim::EepromImage& image, int chainStart);
+// Reads the image at `path` (its chain starting at `chainStart`); when the file cannot be read,
+// the exit code to stop with, after one line on standard error.
+Stop loadImage(const QString& path, Tupsim::EepromImage& image, int chainStart);
 
-// 2 for a broken chain, else 1 when a check failed, else 0.
+// The worst exit code of the problems' codes: 2 for a broken chain, else 1 when a check
+// failed, else 0.
+int exitCodeOf(const QVector<Tupsim::ImageProblem>& problems);
 int exitCodeOf(const Tupsim::EepromImage& image);
 // "PATH: 0x0010: ..." on standard error for each problem.
 void complain(const QString& path, const QVector<Tupsim::ImageProblem>& problems);
@@ -50,7 +54,7 @@ QJsonDocument diffJson(const QString& pathA, const Tupsim::EepromImage& a, const
 // section that is not read back.
 QStringList importLines(const Tupsim::ImportPlan& plan);
 QJsonDocument importJson(const QString& path, const QString& calibrationPath,
-                         const Tupsim::ImportPlan& plan, int dataBlocks, const QString& written);
+                         const Tupsim::ImportPlan& plan, int blockCount, const QString& written);
 
 // The block set, then one line per field with its old and new value, then the checksum.
 QStringList editLines(const Tupsim::RecordEdit& edit);

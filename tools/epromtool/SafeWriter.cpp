@@ -2,6 +2,7 @@
 #include "SafeWriter.h"
 
 #include "CommandLine.h"
+#include "Reports.h"
 
 #include <SafeWrite.h>
 
@@ -51,13 +52,17 @@ QStringList writeLines(const QString& target, const Tupsim::WriteResult& result,
 }
 
 QString writeFailure(const QString& target, const Tupsim::WriteResult& result) {
-    if (result.inPlace || result.sizeMismatch)
-        return result.error;
-    return result.error + QStringLiteral("; %1 left as it is").arg(target);
+    if (result.inPlace || result.outcome.code == Tupsim::ResultCode::Refused)
+        return result.outcome.message;
+    return result.outcome.message + QStringLiteral("; %1 left as it is").arg(target);
 }
 
-bool safeWrite(const QString& path, const QByteArray& content, bool keepBackup, QString& error) {
-    return Tupsim::safeWrite(path, content, keepBackup, error);
+Stop writeOutput(const QString& path, const QByteArray& content) {
+    const Tupsim::Outcome written = Tupsim::safeWrite(path, content, false);
+    if (written.ok())
+        return std::nullopt;
+    error(written.message);
+    return exitCodeOf(written.code);
 }
 
 } // namespace epromtool

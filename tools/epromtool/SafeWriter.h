@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+#include <optional>
 
 namespace epromtool {
 
@@ -23,7 +24,8 @@ QStringList writeLines(const QString& target, const Tupsim::WriteResult& result,
 // as it was.
 QString writeFailure(const QString& target, const Tupsim::WriteResult& result);
 
-// A plain output file (export, sample), replaced once complete, without backup.
-bool safeWrite(const QString& path, const QByteArray& content, bool keepBackup, QString& error);
+// A plain output file (export, sample, report), replaced once complete, without backup; when
+// that fails, the exit code to stop with, after one line on standard error.
+std::optional<int> writeOutput(const QString& path, const QByteArray& content);
 
 } // namespace epromtool

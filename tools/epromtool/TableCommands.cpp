@@ -30,24 +30,21 @@ int runTable(const QStringList& arguments) {
     line.addOffsetOption();
     line.addJsonOption();
     int start = 0;
-    int early = line.parseImageCommand(arguments, start);
-    if (early >= 0)
-        return early;
+    if (const Stop stop = line.parseImageCommand(arguments, start))
+        return *stop;
     quint16 id = 0;
-    early = line.requiredId(id);
-    if (early >= 0)
-        return early;
+    if (const Stop stop = line.requiredId(id))
+        return *stop;
     if (line.json() && line.isSet(QStringLiteral("csv")))
         return line.usageError(QStringLiteral("--csv and --json exclude each other"));
     int occurrence = 1;
-    early = line.occurrence(occurrence);
-    if (early >= 0)
-        return early;
+    if (const Stop stop = line.occurrence(occurrence))
+        return *stop;
 
     const QString path = line.argument(0);
     EepromImage image;
-    if (!loadImage(path, image, start))
-        return ExitUnreadable;
+    if (const Stop stop = loadImage(path, image, start))
+        return *stop;
     complain(path, image.chainProblems());
     int index = image.find(id);
     for (int n = 1; n < occurrence && index >= 0; ++n)
@@ -56,13 +53,13 @@ int runTable(const QStringList& arguments) {
         error(occurrence == 1
                   ? QStringLiteral("%1: no block with id %2").arg(path).arg(id)
                   : QStringLiteral("%1: no block %2 with id %3").arg(path).arg(occurrence).arg(id));
-        return ExitUnreadable;
+        return exitCodeOf(Tupsim::ResultCode::UnknownBlock);
     }
     Tupsim::TableView view;
     if (!Tupsim::tableView::view(image, index, view)) {
         error(QStringLiteral("%1: block %2 (%3) is no calibration table")
                   .arg(path, QString::number(id), image.name(index)));
-        return ExitUnreadable;
+        return exitCodeOf(Tupsim::ResultCode::UnknownBlock);
     }
     if (line.json())
         out(tableJson(path, view));
@@ -87,9 +84,8 @@ int runReport(const QStringList& arguments) {
                     QStringLiteral("FILE")});
     line.addOffsetOption();
     int start = 0;
-    int early = line.parseImageCommand(arguments, start, true);
-    if (early >= 0)
-        return early;
+    if (const Stop stop = line.parseImageCommand(arguments, start, true))
+        return *stop;
     QStringList paths{line.argument(0)};
     paths << line.rest();
     if (paths.size() > 2)
@@ -98,8 +94,8 @@ int runReport(const QStringList& arguments) {
     EepromImage images[2];
     int code = ExitOk;
     for (int i = 0; i < paths.size(); ++i) {
-        if (!loadImage(paths.at(i), images[i], start))
-            return ExitUnreadable;
+        if (const Stop stop = loadImage(paths.at(i), images[i], start))
+            return *stop;
         complain(paths.at(i), images[i].problems());
         code = worse(code, exitCodeOf(images[i]));
     }
@@ -112,11 +108,8 @@ int runReport(const QStringList& arguments) {
         std::cout.flush();
         return code;
     }
-    QString reason;
-    if (!safeWrite(line.value(QStringLiteral("output")), html, false, reason)) {
-        error(reason);
-        return ExitWriteFailed;
-    }
+    if (const Stop stop = writeOutput(line.value(QStringLiteral("output")), html))
+        return *stop;
     return code;
 }
 

@@ -24,33 +24,29 @@ int runWrite(const QStringList& arguments) {
     line.addOption({QStringLiteral("force"),
                     QStringLiteral("Write a SOURCE whose chain is broken or whose checks fail.")});
     line.addDeviceWriteOptions();
-    const int early = line.parse(arguments);
-    if (early >= 0)
-        return early;
+    if (const Stop stop = line.parse(arguments))
+        return *stop;
 
     const QString sourcePath = line.argument(0);
     const QString target = line.argument(1);
     EepromImage source;
-    QString reason;
-    if (!EepromImage::fromFile(sourcePath, source, reason)) {
-        error(reason);
-        return ExitUnreadable;
-    }
+    if (const Stop stop = loadImage(sourcePath, source, 0))
+        return *stop;
     if (!source.problems().isEmpty()) {
         complain(sourcePath, source.problems());
         if (!line.isSet(QStringLiteral("force"))) {
             error(QStringLiteral("%1: %2, nothing written (--force writes it anyway)")
                       .arg(sourcePath, source.chainBroken() ? QStringLiteral("the chain is broken")
                                                             : QStringLiteral("checks fail")));
-            return ExitUnreadable;
+            return exitCodeOf(Tupsim::ResultCode::Refused);
         }
     }
     Tupsim::WriteOptions options = writeOptions(line);
     options.sameSize = true;
     const Tupsim::WriteResult result = Tupsim::writeImage(target, source.bytes(), options);
-    if (!result.ok) {
+    if (!result.ok()) {
         error(writeFailure(target, result));
-        return result.sizeMismatch ? ExitUnreadable : ExitWriteFailed;
+        return exitCodeOf(result.outcome.code);
     }
     out(writeLines(target, result, options));
     return ExitOk;
