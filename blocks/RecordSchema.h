@@ -89,9 +89,6 @@ template <class C, typename A, void (C::*Member)(A)> struct SetThrough<Member> {
 // The setter of a row whose field one member function of one argument sets.
 template <auto Member> constexpr Setter through = &detail::SetThrough<Member>::call;
 
-// The schema that applies to blocks with `id`; nullptr for ids without named fields.
-const RecordSchema* schemaForId(quint16 id);
-
 namespace detail {
 template <class T, class = void> struct HasSchema : std::false_type {};
 template <class T>

@@ -4,7 +4,8 @@
 #include "BlockCatalogue.h"
 #include "blocks/RecordSchema.h"
 #include "blocks/ident/FieldCodec.h"
-#include "core/HwBytes.h"
+#include "core/BlockHeader.h"
+#include "directory/Catalogue.h"
 
 #include <QRegularExpression>
 #include <memory>
@@ -13,15 +14,19 @@ namespace Tupsim {
 
 namespace {
 
-constexpr int kHeaderSize = 8;
-
 quint16 idOf(const QByteArray& block) {
-    return bytes::getLE<quint16>(block, 0);
+    return header::read(block).id;
+}
+
+// The field table the catalogue gives `id`; nullptr for ids without named fields.
+const records::RecordSchema* schemaOfId(quint16 id) {
+    const catalogue::Entry* entry = catalogue::find(id);
+    return entry == nullptr ? nullptr : entry->schema;
 }
 
 // The schema of `block`; nullptr when it has no named fields.
 const records::RecordSchema* schemaOfBlock(const QByteArray& block) {
-    return block.size() < kHeaderSize ? nullptr : records::schemaForId(idOf(block));
+    return block.size() < header::Size ? nullptr : schemaOfId(idOf(block));
 }
 
 // The object of the block's class, loaded with its bytes; nullptr when the directory interprets
@@ -36,8 +41,8 @@ std::unique_ptr<HwDatablock> objectOf(const records::RecordSchema& schema,
 
 // The bytes with the checksum word left out: what a setter decides.
 QByteArray withoutChecksum(QByteArray block) {
-    if (block.size() >= 6)
-        block.remove(4, 2);
+    if (block.size() >= static_cast<int>(header::ChecksumOffset) + 2)
+        block.remove(static_cast<int>(header::ChecksumOffset), 2);
     return block;
 }
 
@@ -80,7 +85,7 @@ QString namesOf(const std::vector<records::Field>& fields) {
 namespace recordFields {
 
 bool hasFields(quint16 id) {
-    return records::schemaForId(id) != nullptr;
+    return schemaOfId(id) != nullptr;
 }
 
 QVector<RecordField> fields(const QByteArray& block) {
