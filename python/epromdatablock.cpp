@@ -238,7 +238,8 @@ PYBIND11_MODULE(epromdatablock, m) {
     py::class_<ImageProblem>(m, "Problem", "One thing found wrong in an image, at its offset.")
         .def_readonly("offset", &ImageProblem::offset,
                       "Offset in the image where the problem was found.")
-        .def_readonly("text", &ImageProblem::text, "What is wrong, in words.")
+        .def_readonly("message", &ImageProblem::text,
+                      "What is wrong, in words (the key `message` of its dict).")
         .def_property_readonly(
             "code", [](const ImageProblem& p) { return std::string(resultCodeName(p.code)); },
             "The kind of problem in words: 'checksum failed', 'CRC-32 failed', 'counts exceed "
@@ -497,7 +498,7 @@ PYBIND11_MODULE(epromdatablock, m) {
             },
             "Every table block with a section in the text, in chain order.")
         .def_property_readonly(
-            "skipped",
+            "skipped_sections",
             [](const ImportPlan& p) {
                 return std::vector<SkippedSection>(p.skipped.begin(), p.skipped.end());
             },

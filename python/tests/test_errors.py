@@ -16,7 +16,7 @@ import epromdatablock as ed
 ])
 def test_damaged_images_list_their_problem(data, problem):
     image = ed.Image.from_bytes(data)
-    assert [p.text for p in image.problems] == [problem]
+    assert [p.message for p in image.problems] == [problem]
     assert image.chain_broken and not image.verify() and image.to_bytes() == data
 
 

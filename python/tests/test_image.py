@@ -97,7 +97,7 @@ def test_import_plan_is_the_tools_report_and_applies(sample_path, tool, tmp_path
             for b in plan.blocks] == [tuple(b.values()) for b in (
                 {k: d[k] for k in ("index", "id", "offset", "name", "outcome", "note",
                                    "complaints")} for d in report["blocks"])]
-    assert [(s.name, s.line, s.reason) for s in plan.skipped] == [
+    assert [(s.name, s.line, s.reason) for s in plan.skipped_sections] == [
         (s["name"], s["line"], s["reason"]) for s in report["skippedSections"]]
     assert plan.changed_count == report["replaced"] == 1
     changed = next(b for b in plan.blocks if b.outcome == "changed")
