@@ -1,4 +1,5 @@
-// Record schemas and fields, record edits, checksum repair and chain offsets of the image layer.
+// Record schemas and fields, record edits and checksum repair of the image layer (a chain inside a
+// larger file is held by the tool's and the module's tests).
 #include "support/TestImages.h"
 
 #include <BlockCatalogue.h>
@@ -272,19 +273,6 @@ TEST(ImageRepair, RestoresTheChecksumAndCrcAndRefusesWhatTheWalkCannotDelimit) {
     // Before the break the repair is written in place; the broken block stays as it was.
     ASSERT_TRUE(applyPlan(cutImage, refused).ok());
     EXPECT_EQ(hex(cutImage.bytes()), hex(original.left(12) + cut.mid(12)));
-}
-
-TEST(ChainOffset, BlocksCountFromTheFileAndAStartPastTheEndBreaksTheChain) {
-    const QByteArray prefix = QByteArray::fromHex("0102030405060708090a");
-    const QByteArray body = chain({fresh(2, 44)}, 64);
-    const EepromImage image = EepromImage::fromBytes(prefix + body, prefix.size());
-    ASSERT_TRUE(image.ok());
-    EXPECT_EQ(std::make_pair(image.block(0).offset, image.endOffset()), std::make_pair(10, 54));
-    const EepromImage past = EepromImage::fromBytes(prefix + body, 74);
-    ASSERT_TRUE(past.chainBroken());
-    EXPECT_EQ(past.chainProblems()[0].text.toStdString(),
-              "the chain start 0x0000004a lies at or past the end of the image (74 bytes)");
-    EXPECT_TRUE(EepromImage::fromBytes(prefix + body, 3).chainBroken());
 }
 
 TEST(RecordImport, ReadsEditedFieldsAndKeepsWhatThePrintingCannotShow) {
