@@ -152,33 +152,20 @@ TEST(CalibCatalogue, TcxoTableAndOpaqueBlocks) {
     EXPECT_TRUE(services.errors.signalled.empty());
 
     // Their first ids are checked against the directory's own registrations in the catalogue's.
+    // Past the header they are plain blocks: their dump and setData are the base class's.
     ASSERT_EQ(sizeof kRows / sizeof kRows[0], 78u);
     for (const OpaqueRow& row : kRows) {
         EXPECT_TRUE(QFileInfo(QString(EPROM_SOURCE_DIR "/include/%1.h").arg(row.name)).isFile())
             << row.name;
         auto block = row.make();
-        QByteArray image = freshImage(static_cast<unsigned short>(row.id), 8);
-        sealChecksum(image);
-        EXPECT_EQ(hex(block->getByteArrayData()), hex(image)) << row.name;
+        EXPECT_EQ(hex(block->getByteArrayData()),
+                  hex(sealed(freshImage(static_cast<unsigned short>(row.id), 8))))
+            << row.name;
         EXPECT_FALSE(block->getStopConversionOnError());
         if (row.id != 0) { // the catalogue makes the same class for the id and calls it opaque
             EXPECT_EQ(typeid(*blockCatalogue::makeBlock(row.id, QByteArray())), typeid(*block));
             EXPECT_EQ(blockCatalogue::kindOf(row.id), BlockKind::Opaque) << row.name;
         }
-
-        // 70 bytes: the dump breaks after 61 of them.
-        image = freshImage(static_cast<unsigned short>(row.id), 70);
-        for (int i = 8; i < image.size(); ++i)
-            image[i] = static_cast<char>(i * 7);
-        sealChecksum(image);
-        EXPECT_TRUE(block->setData(image)) << row.name;
-        EXPECT_EQ(block->getByteArrayData(), image) << row.name;
-        EXPECT_EQ(printed(*block),
-                  "\n" + image.left(61).toStdString() + "\n" + image.mid(61).toStdString() + "\n")
-            << row.name;
-        image[20] = static_cast<char>(image[20] + 1); // checksum now wrong: kept all the same
-        EXPECT_FALSE(block->setData(image)) << row.name;
-        EXPECT_EQ(block->getByteArrayData(), image) << row.name;
     }
     HwDatablockWEXDelay stopping(true);
     EXPECT_TRUE(stopping.getStopConversionOnError());
