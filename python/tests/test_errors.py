@@ -63,9 +63,6 @@ def test_wrong_argument_types_raise_type_error(sample_path, call):
     (ValueError, lambda image: image.find(15730).table.set_cell(0, 0, 5e11),
      "cell (0, 0) of RFBO_ALC_FREQ: 500000000000 does not fit the stored uint32 from 0 to "
      "4294967295"),
-    (ed.DoesNotFitError, lambda image: image.find(200).set_field("OPHOURS", 300000),
-     "OPHOURS: '300000' is out of range; the field takes operating hours from 0 to 262143, "
-     "as 00000/000000 or a plain number"),
     (ed.UnknownFieldError, lambda image: image.find(2).set_field("NOPE", 1),
      "no field NOPE; the block has ALIGNMENT, EEPROMSIZE, PARTNUMBER, HWCODE, PRODUCTINDEX, SN, "
      "PRODUCTDATE, READCODE, TESTINSTRUCTION, NAME"),

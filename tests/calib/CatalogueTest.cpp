@@ -1,7 +1,8 @@
-// The calibration catalogue: facts of chosen table classes, the headed line form of the RF board
+// The calibration catalogue: classes named by the caller, the headed line form of the RF board
 // blocks, the TCXO table, and every block kept as an opaque image.
 #include "templates/TemplateTestSupport.h"
 
+#include <BlockCatalogue.h>
 #include <HwCalibTableBlocks.h>
 #include <HwDatablockMbrdExtLevCalDataFreq_Enh.h> // each opaque class has a header of its own
 #include <HwOpaqueCalibBlocks.h>
@@ -14,15 +15,6 @@ using namespace Tupsim;
 using namespace Tupsim::test;
 
 namespace {
-template <typename Block> void expectFacts(const char* name, unsigned id, double factor, int size) {
-    Block block(false);
-    EXPECT_STREQ(block.getName(), name);
-    EXPECT_EQ(block.getId(), id) << name;
-    EXPECT_EQ(block.getBlockSize(), size) << name;
-    EXPECT_DOUBLE_EQ(block.getFactor(), factor) << name;
-    EXPECT_EQ(block.getInstance(), 0) << name;
-}
-
 // The image of a fresh block of the class after reading the printout of `source`.
 template <typename Block> QByteArray readBack(Block& source) {
     Block fresh;
@@ -52,19 +44,9 @@ const OpaqueRow kRows[] = {
 };
 } // namespace
 
-// One class of each template kind and the unusual factors; sizes worked out from each layout.
+// The facts of each class are its catalogue row's; those named by the caller take name and
+// instance.
 TEST(CalibCatalogue, ClassesCarryTheirFactsAndTheRfBoardBlocksTheHeadedLineForm) {
-    expectFacts<HwDatablockSAttCTempFreq>("SATT_TEMP_FREQ", 11305, 100, 216);
-    expectFacts<HwDatablockMbrdExtCalUserDataA>("EXT_CAL_USER_DATA_A", 14805, 1, 15776);
-    expectFacts<HwDatablockStereocoderCo>("STEREOCODER_CO", 15690, 1, 28);
-    expectFacts<HwDatablockOroRfboRfLevelMaxData>("RFBO_RFLEVEL_MAX_DATA", 15716, 0.01, 1040);
-    expectFacts<HwDatablockOroRfboAttCalData>("RFBO_ATT_CAL_DATA", 15721, 1, 21724);
-    expectFacts<HwDatablockOroRfboSHFreq>("RFBO_S_H_FREQ", 15755, 10, 616);
-    expectFacts<HwDatablockKivRfboAttCalFreq>("BLOCK_KIV_RFBO_ATT_CAL_FREQ", 15760, 100, 1616);
-    expectFacts<HwDatablockTeshRfboAttCalVecFreq>("RFBO_ATT_CAL_VEC_FREQ", 15842, 1, 96);
-    expectFacts<HwDatablockTeshRfboExtCalVecUserData>("RFBO_EXT_CAL_VEC_USER_DATA", 16003, 1, 5776);
-
-    // Classes named by the caller take name and instance.
     char wexName[] = "WEX_IQ_RF_IMBALANCE";
     HwDatablockWexWiqRfImbalanceData wex(wexName, 2, false);
     EXPECT_STREQ(wex.getName(), "WEX_IQ_RF_IMBALANCE");
@@ -101,23 +83,18 @@ TEST(CalibCatalogue, ClassesCarryTheirFactsAndTheRfBoardBlocksTheHeadedLineForm)
     EXPECT_EQ(printed(attenuation), golden("calib/kiv_attreg_attenuation.txt"));
     EXPECT_EQ(readBack(attenuation), attenuation.getByteArrayData());
 
-    // Each class complains with its own texts and limit of lines.
+    // Each class complains with its own texts and limit of lines (the frequency table's are
+    // pinned with the headed line form).
     const std::string error = "ERROR: ";
     const std::string rows = error + "Number of rows read inadequate!\n";
-    const std::string toLarge = error + "Number of lines between ID: and COUNT: to large!\n";
     const std::string tooLarge = error + "Number of lines between ID: and COUNT: too large!\n";
     const std::string registerComplaints =
         error + "Number of lines between ID and Count to large\n" + error +
         "Row value (COUNT) don't not equal with number of rows\n";
-    EXPECT_EQ(complaints<HwDatablockKivRfboAttCalFreq>("BLOCK_KIV_RFBO_ATT_CAL_FREQ", 3),
-              toLarge + rows);
-    EXPECT_EQ(complaints<HwDatablockKivRfboAttCalFreq>("BLOCK_KIV_RFBO_ATT_CAL_FREQ", 2), rows);
     EXPECT_EQ(complaints<HwDatablockKivRfboTempCompFreq>("BLOCK_KIV_RFBO_TEMP_COMP_FREQ", 3),
               tooLarge + rows);
     EXPECT_EQ(complaints<HwDatablockKivRfboTempCompData>("BLOCK_KIV_RFBO_TEMP_COMP_DATA", 51),
               rows);
-    EXPECT_EQ(complaints<HwDatablockKivRfboTempCompData>("BLOCK_KIV_RFBO_TEMP_COMP_DATA", 52),
-              tooLarge + rows);
     EXPECT_EQ(
         complaints<HwDatablockKivRfboAttRegAttenuation>("BLOCK_KIV_RFBO_ATTREG_ATTENUATION", 6),
         registerComplaints);
@@ -141,7 +118,7 @@ TEST(CalibCatalogue, ClassesCarryTheirFactsAndTheRfBoardBlocksTheHeadedLineForm)
     EXPECT_EQ(status.key, "BLOCK_KIV_RFBO_ATTREG_DATA");
     EXPECT_EQ(status.line, 4);
 
-    // An indexed table of the family: complaints with the limit of its own.
+    // An indexed table of the family: one line past the limit of its own.
     HwDatablockKivRfboTempCompData data;
     const QByteArray before = data.getByteArrayData();
     std::string file = "ID:     BLOCK_KIV_RFBO_TEMP_COMP_DATA\n";
@@ -170,29 +147,20 @@ TEST(CalibCatalogue, TcxoTableAndOpaqueBlocks) {
     EXPECT_TRUE(services.errors.signalled.empty());
 
     // Their first ids are checked against the directory's own registrations in the catalogue's.
+    // Past the header they are plain blocks: their dump and setData are the base class's.
     ASSERT_EQ(sizeof kRows / sizeof kRows[0], 78u);
     for (const OpaqueRow& row : kRows) {
         EXPECT_TRUE(QFileInfo(QString(EPROM_SOURCE_DIR "/include/%1.h").arg(row.name)).isFile())
             << row.name;
         auto block = row.make();
-        QByteArray image = freshImage(static_cast<unsigned short>(row.id), 8);
-        sealChecksum(image);
-        EXPECT_EQ(hex(block->getByteArrayData()), hex(image)) << row.name;
-        EXPECT_FALSE(block->getStopConversionOnError());
-
-        // 70 bytes: the dump breaks after 61 of them.
-        image = freshImage(static_cast<unsigned short>(row.id), 70);
-        for (int i = 8; i < image.size(); ++i)
-            image[i] = static_cast<char>(i * 7);
-        sealChecksum(image);
-        EXPECT_TRUE(block->setData(image)) << row.name;
-        EXPECT_EQ(block->getByteArrayData(), image) << row.name;
-        EXPECT_EQ(printed(*block),
-                  "\n" + image.left(61).toStdString() + "\n" + image.mid(61).toStdString() + "\n")
+        EXPECT_EQ(hex(block->getByteArrayData()),
+                  hex(sealed(freshImage(static_cast<unsigned short>(row.id), 8))))
             << row.name;
-        image[20] = static_cast<char>(image[20] + 1); // checksum now wrong: kept all the same
-        EXPECT_FALSE(block->setData(image)) << row.name;
-        EXPECT_EQ(block->getByteArrayData(), image) << row.name;
+        EXPECT_FALSE(block->getStopConversionOnError());
+        if (row.id != 0) { // the catalogue makes the same class for the id and calls it opaque
+            EXPECT_EQ(typeid(*blockCatalogue::makeBlock(row.id, QByteArray())), typeid(*block));
+            EXPECT_EQ(blockCatalogue::kindOf(row.id), BlockKind::Opaque) << row.name;
+        }
     }
     HwDatablockWEXDelay stopping(true);
     EXPECT_TRUE(stopping.getStopConversionOnError());

@@ -1,6 +1,6 @@
 // The old-style directory: which class it registers for each block id, and printing through it
 // with the text of the block's own class.
-#include "support/Blocks.h"
+#include "templates/TemplateTestSupport.h"
 
 #include <EpromDatablock.h>
 #include <HwDatablockOldStyleInterpreter.h>
@@ -69,11 +69,7 @@ inline std::string printedThrough(HwDatablockOldStyleInterpreter& interpreter, H
 
 // An image of `size` bytes of table id `id` whose count words read `rows` and `cols`.
 QByteArray countedImage(int id, int size, quint32 rows, quint32 cols) {
-    QByteArray image = freshImage(quint16(id), quint16(size));
-    putAt<quint32>(image, 8, rows);
-    putAt<quint32>(image, 12, cols);
-    sealChecksum(image);
-    return image;
+    return sealed(tableImage(quint16(size), quint16(id), rows, cols));
 }
 
 std::string printedImage(HwDatablockOldStyleInterpreter& interpreter, const QByteArray& image) {

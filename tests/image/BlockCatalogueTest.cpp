@@ -5,7 +5,6 @@
 
 #include <BlockCatalogue.h>
 #include <HwDatablockOldStyleInterpreter.h>
-#include <HwOpaqueCalibBlocks.h>
 #include <QRegularExpression>
 #include <cxxabi.h>
 #include <gtest/gtest.h>
@@ -95,23 +94,9 @@ TEST(BlockCatalogue, TextIdsAreWhatTheClassesPrintAndClassesAreTheDirectorys) {
                   typeid(HwDatablock));
     }
 
-    // The lists agree: every opaque class is the directory's at its first id, and every row of
-    // the table list belongs to its id, with its class there except where the directory keeps
-    // another (14801).
-    const struct {
-        quint16 id;
-        const std::type_info& type;
-    } opaque[] = {
-#define EPROM_OPAQUE_BLOCK(ClassName, firstId) {firstId, typeid(ClassName)},
-#include <HwOpaqueCalibBlocks.def>
-#undef EPROM_OPAQUE_BLOCK
-    };
-    for (const auto& row : opaque) {
-        if (row.id == 0)
-            continue;
-        EXPECT_EQ(blockCatalogue::kindOf(row.id), BlockKind::Opaque) << row.id;
-        EXPECT_EQ(typeid(*blockCatalogue::makeBlock(row.id, QByteArray())), row.type) << row.id;
-    }
+    // Every row of the table list belongs to its id, with its class there except where the
+    // directory keeps another (14801); the opaque list is held against the catalogue in the
+    // calibration tests.
     ASSERT_EQ(catalogue::tables().size(), 56u);
     for (const catalogue::TableFacts& row : catalogue::tables()) {
         const catalogue::Entry* entry = catalogue::find(row.id);

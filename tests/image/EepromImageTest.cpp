@@ -1,9 +1,10 @@
-// EepromImage: the chain walk and its breaks, the checks of every block, block replacement, and
-// how two images differ.
+// EepromImage: the chain walk and its breaks (with their inventory rows), the checks of every
+// block, block replacement, and how two images differ.
 #include "support/TestImages.h"
 
 #include <EepromImage.h>
 #include <ImageDiff.h>
+#include <ImageInventory.h>
 
 #include <gtest/gtest.h>
 
@@ -32,6 +33,16 @@ TEST(EepromImage, BrokenChainsNameWhatBrokeThemAndWhere) {
                                   image.bytesFree()),
                   std::make_tuple(c.blocksRead, -1, 0, 0));
         EXPECT_EQ(image.bytes(), c.image);
+        // The inventory row says what broke the chain and counts what was read before.
+        BatchItem item;
+        item.readable = true;
+        item.image = image;
+        const InventoryRow row = inventory::rowOf(item);
+        EXPECT_EQ(
+            std::make_tuple(row.verdict, row.reason, row.blocks, row.problems, row.identified),
+            std::make_tuple(ImageVerdict::BrokenChain,
+                            hex4(static_cast<unsigned>(c.offset)) + ": " + c.problem, c.blocksRead,
+                            1, false));
     }
     EXPECT_EQ(problemLines(EepromImage()), QStringList("0: the image is empty"));
 }

@@ -163,10 +163,8 @@ TEST(ModuleReport, ComparesFieldsCellsAndBlocksOfTwoImages) {
     EXPECT_TRUE(report.others[0].differs);
     EXPECT_EQ(report.others[0].name, "USER_20010");
 
-    // Hostile images give a report of bounded size: every broken chain, and a chain of
-    // thousands of tables that stops at the cell limit.
-    for (const BrokenChain& c : brokenChains())
-        EXPECT_EQ(moduleReport::compare(EepromImage::fromBytes(c.image), a).tables.size(), 8u);
+    // A chain of thousands of tables stops at the cell limit (broken chains are held by the
+    // tool's report tests).
     const QByteArray many = example("sample.eeprom").mid(0xa4, 176); // 4*10 cells
     QByteArray big;
     while (big.size() + many.size() < EepromImage::MaxFileSize - 4)
