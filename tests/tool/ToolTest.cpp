@@ -124,6 +124,8 @@ TEST(Tool, BadPathsAndCommandLines) {
         {{"show", "g", "--id", "65536"}, 64, "show: '65536' is not a block id"},
         {{"export", "g", "--id", "0xZZ", "-o", "x"}, 64, "export: '0xZZ' is not a block id"},
         {{"sample"}, 64, "sample: missing -o FILE"},
+        {{"list", "g", "--offset", "12x"}, 64, "list: '12x' is not an offset"},
+        {{"list", "g", "--offset", "0x80000000"}, 64, "list: '0x80000000' is not an offset"},
         {{"import", "s.eeprom", "bad.cal"},
          2,
          "bad.cal: section RFBO_ALC_DATA, line 53: row count 5 above the capacity 4; nothing "
