@@ -200,6 +200,13 @@ TEST(Tool, ImportWritesTheImageAndKeepsABackup) {
     EXPECT_EQ(noBackup.outLines().last(), "wrote image.bin");
     EXPECT_EQ(tool.read("image.bin"), edited.bytes());
     EXPECT_EQ(tool.entries(), QStringList({"cal.txt", "image.bin", "new.bin", "new.bin.bak"}));
+    // In place, as on a device, the backup goes to the working folder under a dated name.
+    tool.write("image.bin", original);
+    EXPECT_EQ(tool.run({"import", "image.bin", "cal.txt", "--in-place"}).exitCode, 0);
+    const QStringList dated = QDir(tool.path(".")).entryList({"image.bin-*.eeprom"});
+    ASSERT_EQ(dated.size(), 1);
+    EXPECT_EQ(tool.read(dated[0]), original);
+    EXPECT_EQ(tool.entries().size(), 5);
 }
 
 TEST(Tool, ShowDiffFailedChecksAndSample) {
