@@ -73,7 +73,10 @@ TEST(ChecksKernels, CheckValueChainingBlockChecksumAndNullViews) {
     EXPECT_EQ(checks::blockChecksum(header, 8), 0xFFF7);
     EXPECT_EQ(checks::blockChecksum(header, 3), 0xFFFF); // no checksum word: the id word only
     EXPECT_EQ(checks::blockChecksum(header, 7), 0xFFF7); // the odd last byte is ignored
+    EXPECT_EQ(checks::blockChecksum(header, 6), 0xFFF7); // the shortest with a checksum word
+    EXPECT_EQ(checks::blockChecksum(header, 5), 0xFFF7); // no checksum word: the first two words
     EXPECT_EQ(checks::wordSum(nullptr, 8), 0);
+    EXPECT_EQ(checks::blockChecksum(nullptr, 8), 0);
     EXPECT_EQ(checks::crc32(5, nullptr, 8), 5u);
     EXPECT_EQ(checks::crc32Skipping4to11(nullptr, 8), 0u);
 }

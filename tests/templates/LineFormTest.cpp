@@ -68,6 +68,7 @@ TEST(LineForm, IndexedRowsRoundTripComplaintsAndValuesAsWritten) {
                  {kId + "# comments\n#\n\na\nb\nc\nd\ne\n" + row, "", 5}, // not counted
                  {kId + "COUNT:  2*3\n1: 1 2 3\n2: 4 5\n", badRow(2) + "\n", 1},
                  {kId + "COUNT:  3*1\n1: 5\n", kRowCount + "\n", 5},
+                 {kId + "COUNT:1*1\n1: 5\n", "", 5}, // no blank after the keyword
                  // The comment is cut before the id keyword and the name are looked for.
                  {"# ID:  RFBO_ATT_CAL_VEC_DATA\n" + row, kNoId + "\n", 0},
                  {"ID:  RFBO_ATT_CAL_VEC_DATA # note\n" + row, "", 5}};

@@ -211,4 +211,10 @@ TEST(TextCursor, ReadsNumbersAsTheStreamsDoAndWordsCharactersAndPositions) {
     last >> number;
     EXPECT_TRUE(last.eof() && !last.fail());
     EXPECT_FALSE(skipZeroFraction(last) && !last.fail());
+    TextCursor ended(five); // at the end but not failed: tell fails it, as tellg does
+    ended >> number;
+    EXPECT_EQ(ended.tell(), -1);
+    EXPECT_TRUE(ended.fail());
+    std::istringstream one("5"); // a last chunk of a single character is kept
+    EXPECT_EQ(slurp(one), "5");
 }

@@ -133,3 +133,29 @@ TEST(ToolReport, HostileImagesStillGiveAReportWithTheirProblems) {
     EXPECT_TRUE(result.out.contains("&lt;b&gt;&amp;x&lt;/b"));
     EXPECT_FALSE(result.out.contains("<b>&x"));
 }
+
+TEST(ToolReport, PlotsTickAtRoundValuesCountTheirPointsAndDashTheSecondImage) {
+    ToolHarness tool;
+    tool.write("sample.eeprom", example("sample.eeprom"));
+    ASSERT_EQ(tool.run({"report", "sample.eeprom", "sample.eeprom", "-o", "r.html"}).exitCode, 0);
+    const QString html = QString::fromUtf8(tool.read("r.html"));
+    // RFBO_ALC_DATA spans 1812 to 2562: a tick every 200 from 2000.
+    const int alc = html.indexOf("data-name=\"RFBO_ALC_DATA\"");
+    QStringList ticks;
+    const QRegularExpression tick(R"(text-anchor="end">([^<]*)<)");
+    for (auto it = tick.globalMatch(html.mid(alc, html.indexOf("</svg>", alc) - alc));
+         it.hasNext();)
+        ticks << it.next().captured(1);
+    EXPECT_EQ(ticks, QStringList({"2000", "2200", "2400"}));
+    // Every line counts its points; the second image's lines alone are dashed.
+    const QRegularExpression line(
+        R"re(<polyline class="line" data-label="[^"]*\((A|B)\)" )re"
+        R"re(data-points="(\d+)" points="([^"]*)"[^>]*?( stroke-dash|/>))re");
+    int lines = 0;
+    for (auto it = line.globalMatch(html); it.hasNext(); ++lines) {
+        const QRegularExpressionMatch m = it.next();
+        EXPECT_EQ(m.captured(2).toInt(), m.captured(3).split(' ', Qt::SkipEmptyParts).size());
+        EXPECT_EQ(m.captured(4) == "/>", m.captured(1) == "A") << m.captured(0).toStdString();
+    }
+    EXPECT_EQ(lines, 32); // 16 lines of 8 tables in each image
+}

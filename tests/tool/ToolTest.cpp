@@ -124,6 +124,8 @@ TEST(Tool, BadPathsAndCommandLines) {
         {{"show", "g", "--id", "65536"}, 64, "show: '65536' is not a block id"},
         {{"export", "g", "--id", "0xZZ", "-o", "x"}, 64, "export: '0xZZ' is not a block id"},
         {{"sample"}, 64, "sample: missing -o FILE"},
+        {{"list", "g", "--offset", "12x"}, 64, "list: '12x' is not an offset"},
+        {{"list", "g", "--offset", "0x80000000"}, 64, "list: '0x80000000' is not an offset"},
         {{"import", "s.eeprom", "bad.cal"},
          2,
          "bad.cal: section RFBO_ALC_DATA, line 53: row count 5 above the capacity 4; nothing "
@@ -198,6 +200,13 @@ TEST(Tool, ImportWritesTheImageAndKeepsABackup) {
     EXPECT_EQ(noBackup.outLines().last(), "wrote image.bin");
     EXPECT_EQ(tool.read("image.bin"), edited.bytes());
     EXPECT_EQ(tool.entries(), QStringList({"cal.txt", "image.bin", "new.bin", "new.bin.bak"}));
+    // In place, as on a device, the backup goes to the working folder under a dated name.
+    tool.write("image.bin", original);
+    EXPECT_EQ(tool.run({"import", "image.bin", "cal.txt", "--in-place"}).exitCode, 0);
+    const QStringList dated = QDir(tool.path(".")).entryList({"image.bin-*.eeprom"});
+    ASSERT_EQ(dated.size(), 1);
+    EXPECT_EQ(tool.read(dated[0]), original);
+    EXPECT_EQ(tool.entries().size(), 5);
 }
 
 TEST(Tool, ShowDiffFailedChecksAndSample) {
