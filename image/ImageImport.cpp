@@ -149,8 +149,8 @@ QStringList sectionBody(const QByteArray& section) {
 // Reads a record block back from its section field by field. A field whose line shows the
 // value the block prints keeps its stored bytes; an edited one goes through its setter, whose
 // refusal, naming the section, is the outcome.
-Outcome readRecord(ImportedBlock& block, const QVector<RecordField>& fields, const QStringList& body,
-                   int idLine) {
+Outcome readRecord(ImportedBlock& block, const QVector<RecordField>& fields,
+                   const QStringList& body, int idLine) {
     QByteArray after = block.before;
     QStringList changes;
     for (const RecordField& field : fields) {

@@ -89,16 +89,16 @@ void addErrors(py::module_& m) {
 #undef EPROM_RESULT_CODE
     };
     for (const Tupsim::ResultCode code : codes) {
-        const ErrorClass spec = classOf(code);
-        if (spec.name == nullptr)
+        const ErrorClass chosen = classOf(code);
+        if (chosen.name == nullptr)
             continue;
-        const py::tuple bases = py::make_tuple(py::handle(base), py::handle(spec.builtin));
+        const py::tuple bases = py::make_tuple(py::handle(base), py::handle(chosen.builtin));
         const std::string doc = std::string("The library's \"") + Tupsim::resultCodeName(code) +
                                 "\"; also a " +
-                                reinterpret_cast<PyTypeObject*>(spec.builtin)->tp_name + ".";
-        PyObject* made = newClass(prefix + spec.name, doc.c_str(), bases.ptr());
+                                reinterpret_cast<PyTypeObject*>(chosen.builtin)->tp_name + ".";
+        PyObject* made = newClass(prefix + chosen.name, doc.c_str(), bases.ptr());
         py::setattr(py::handle(made), "code", py::str(Tupsim::resultCodeName(code)));
-        m.add_object(spec.name, py::handle(made));
+        m.add_object(chosen.name, py::handle(made));
         created[code] = made;
     }
 }
